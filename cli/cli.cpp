@@ -1,0 +1,92 @@
+#include "command.h"
+
+#include "data/home.h"
+#include "data/quotefile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace Cli {
+
+QString Context::quoteFile(const QString &file)
+{
+    if (QFileInfo(file).isFile())
+        return file;
+    QString error;
+    if (OrdaneData::Home::setPath(home, &error) && OrdaneData::Home::prepare(&error)) {
+        for (const QString &candidate :
+             {OrdaneData::fileOf(file), OrdaneData::storagePath() + QLatin1Char('/') + file}) {
+            if (QFileInfo(candidate).isFile())
+                return candidate;
+        }
+        error = QStringLiteral("no such file or stored symbol: %1").arg(file);
+    }
+    err << "halcyra-cli: " << error << Qt::endl;
+    return QString();
+}
+
+QString usage()
+{
+    QString text = QStringLiteral("Usage: halcyra-cli [--home DIR] COMMAND [ARGS...]\n"
+                                  "       halcyra-cli --help | --version\n\n"
+                                  "Commands:\n");
+    for (const Command &c : commands())
+        text += QStringLiteral("  %1 %2\n      %3\n")
+                    .arg(QLatin1String(c.name), QLatin1String(c.synopsis),
+                         QLatin1String(c.summary));
+    text += QStringLiteral(
+        "\nFILE is a quote file, or a symbol stored in the home folder (\"MSFT\").\n"
+        "The home folder is --home DIR, else $HALCYRA_HOME, else the platform's\n"
+        "application data folder.\n");
+    return text;
+}
+
+int run(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    QString home;
+    int i = 1;
+    for (; i < arguments.size(); ++i) {
+        const QString &a = arguments.at(i);
+        if (a == QLatin1String("--help") || a == QLatin1String("-h")) {
+            out << usage();
+            return Success;
+        }
+        if (a == QLatin1String("--version")) {
+            out << "halcyra-cli " << QCoreApplication::applicationVersion() << '\n';
+            return Success;
+        }
+        if (a == QLatin1String("--home")) {
+            if (++i >= arguments.size()) {
+                err << "halcyra-cli: --home needs a folder\n";
+                return UsageError;
+            }
+            home = arguments.at(i);
+        } else if (a.startsWith(QLatin1String("--home="))) {
+            home = a.mid(7);
+        } else if (a.startsWith(QLatin1Char('-'))) {
+            err << "halcyra-cli: unknown option " << a << "\n\n" << usage();
+            return UsageError;
+        } else {
+            break;
+        }
+    }
+    if (i >= arguments.size()) {
+        err << usage();
+        return UsageError;
+    }
+
+    const QString name = arguments.at(i);
+    for (const Command &c : commands()) {
+        if (name == QLatin1String(c.name)) {
+            if (home.isEmpty())
+                home = OrdaneData::Home::resolve({arguments.first()});
+            Context context{QDir::current().absoluteFilePath(home), out, err};
+            return c.run(arguments.mid(i + 1), context);
+        }
+    }
+    err << "halcyra-cli: unknown command " << name << "\n\n" << usage();
+    return UsageError;
+}
+
+} // namespace Cli

@@ -1,0 +1,142 @@
+#include "home.h"
+
+#include "quotefile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QStandardPaths>
+
+namespace OrdaneData::Home {
+
+namespace {
+QMutex gMutex;
+QString gPath;
+
+QString sub(const char *name)
+{
+    return path() + QLatin1Char('/') + QLatin1String(name);
+}
+} // namespace
+
+QString resolve(const QStringList &arguments)
+{
+    QString dir;
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &a = arguments.at(i);
+        if (a == QLatin1String("--home") && i + 1 < arguments.size()) {
+            dir = arguments.at(i + 1);
+            break;
+        }
+        if (a.startsWith(QLatin1String("--home="))) {
+            dir = a.mid(7);
+            break;
+        }
+    }
+    if (dir.isEmpty())
+        dir = qEnvironmentVariable("HALCYRA_HOME");
+    if (dir.isEmpty())
+        dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    return QDir::cleanPath(QDir::current().absoluteFilePath(dir));
+}
+
+bool setPath(const QString &dir, QString *error)
+{
+    const QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(dir));
+    if (!QDir().mkpath(absolute)) {
+        if (error)
+            *error = QStringLiteral("Cannot create the home folder %1").arg(absolute);
+        return false;
+    }
+    QMutexLocker lock(&gMutex);
+    gPath = absolute;
+    return true;
+}
+
+QString path()
+{
+    QMutexLocker lock(&gMutex);
+    return gPath;
+}
+
+QString storagePath()
+{
+    return sub("Storage");
+}
+
+QString templatesPath()
+{
+    return sub("Templates");
+}
+
+QString userIndicatorsPath()
+{
+    return sub("UserIndicators");
+}
+
+QString userExpertsPath()
+{
+    return sub("UserExperts");
+}
+
+QString calibratorPath()
+{
+    return sub("Calibrator");
+}
+
+QString lastKnownSymbolsFile()
+{
+    return sub("lastknown.sym");
+}
+
+int installSamples(const QString &storageDir, QString *error)
+{
+    QDir storage(storageDir);
+    if (!storage.exists() && !QDir().mkpath(storageDir)) {
+        if (error)
+            *error = QStringLiteral("Cannot create the storage folder %1").arg(storageDir);
+        return -1;
+    }
+    if (!storage.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System))
+        return 0;
+
+    // Written through our own save file rather than copied: a copy of a resource keeps
+    // the resource's read-only permissions, and the user edits these files.
+    int copied = 0;
+    const QDir samples(QStringLiteral(":/Storage"));
+    const QStringList names = samples.entryList(QDir::Files, QDir::Name);
+    for (const QString &name : names) {
+        QFile in(samples.filePath(name));
+        if (!in.open(QIODevice::ReadOnly)) {
+            if (error)
+                *error = QStringLiteral("Cannot read the sample %1").arg(name);
+            return -1;
+        }
+        if (!writeText(storage.filePath(name), QString::fromLatin1(in.readAll()), error))
+            return -1;
+        ++copied;
+    }
+    return copied;
+}
+
+bool prepare(QString *error)
+{
+    const QString home = path();
+    if (home.isEmpty()) {
+        if (error)
+            *error = QStringLiteral("No home folder is set");
+        return false;
+    }
+    for (const QString &dir : {templatesPath(), userIndicatorsPath(), userExpertsPath()}) {
+        if (!QDir().mkpath(dir)) {
+            if (error)
+                *error = QStringLiteral("Cannot create the folder %1").arg(dir);
+            return false;
+        }
+    }
+    return installSamples(storagePath(), error) >= 0;
+}
+
+} // namespace OrdaneData::Home

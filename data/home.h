@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace OrdaneData {
+
+// The one folder that holds the program's own files (settings aside):
+//
+//   Storage/         stored quote files, one per symbol
+//   Templates/       chart templates
+//   UserIndicators/  script indicators
+//   UserExperts/     expert scripts
+//   Calibrator/      calibration results (made by the first calibration that writes)
+//   lastknown.sym    the browser's symbol list between runs
+//
+// It is chosen once per process: `--home DIR` (or `--home=DIR`) on the command line,
+// else the environment variable HALCYRA_HOME, else the platform's application data
+// folder (which needs the application identity set first).
+namespace Home {
+
+// The folder the given command line and environment choose, made absolute.
+// `arguments` is the whole command line including the program name.
+QString resolve(const QStringList &arguments);
+
+// Makes `dir` the home folder of this process. Creates it when missing; returns false
+// with a message in *error when it cannot be created.
+bool setPath(const QString &dir, QString *error = nullptr);
+QString path();
+
+QString storagePath();
+QString templatesPath();
+QString userIndicatorsPath();
+QString userExpertsPath();
+QString calibratorPath();
+QString lastKnownSymbolsFile();
+
+// Creates the folders of a home that are missing and, when the storage folder is missing
+// or empty, copies the sample quote files into it. Existing files are never touched.
+// Returns false with a message in *error when something could not be created.
+bool prepare(QString *error = nullptr);
+
+// Copies every file of the resource folder ":/Storage" into storageDir unless that
+// folder already holds any entry. Returns the number of files copied, or -1 on failure.
+int installSamples(const QString &storageDir, QString *error = nullptr);
+
+} // namespace Home
+} // namespace OrdaneData

@@ -1,0 +1,334 @@
+// Paints Halcyra's pictures: the window icon, the splash screen and the small pictures
+// the style sheet refers to.
+//
+//   QT_QPA_PLATFORM=offscreen artwork RESOURCES_DIR
+//
+// writes RESOURCES_DIR/app.png, RESOURCES_DIR/appsplash.png and RESOURCES_DIR/HCStyle/
+// lowres/*.png. The palette is the style sheet's: deep slate surfaces, teal for rising
+// bars, coral for falling ones, amber for the average line.
+
+#include <QDir>
+#include <QFont>
+#include <QGuiApplication>
+#include <QImage>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRadialGradient>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+namespace {
+
+const QColor kDeep(0x0e, 0x15, 0x1e);
+const QColor kSurface(0x17, 0x22, 0x2f);
+const QColor kRaised(0x22, 0x31, 0x42);
+const QColor kText(0xdf, 0xe5, 0xec);
+const QColor kMuted(0x8d, 0x9a, 0xa8);
+const QColor kTeal(0x2f, 0xbf, 0xa8);
+const QColor kCoral(0xe5, 0x64, 0x6b);
+const QColor kAmber(0xf2, 0xb8, 0x4b);
+
+bool save(const QImage &image, const QString &path)
+{
+    if (!image.save(path, "PNG")) {
+        std::fprintf(stderr, "artwork: cannot write %s\n", qPrintable(path));
+        return false;
+    }
+    std::printf("%s %dx%d\n", qPrintable(path), image.width(), image.height());
+    return true;
+}
+
+QImage canvas(int w, int h)
+{
+    QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+struct Candle
+{
+    double open, high, low, close;
+};
+
+// A fixed little rally with one pull-back, used by the icon.
+const std::vector<Candle> kIconCandles = {
+    {0.30, 0.42, 0.20, 0.38}, {0.38, 0.50, 0.33, 0.47}, {0.47, 0.52, 0.36, 0.40},
+    {0.40, 0.66, 0.38, 0.62}, {0.62, 0.84, 0.58, 0.80},
+};
+
+void drawCandle(QPainter &p, double x, double width, const Candle &c, double top, double height,
+                double alpha = 1.0)
+{
+    auto y = [&](double v) { return top + (1.0 - v) * height; };
+    QColor colour = c.close >= c.open ? kTeal : kCoral;
+    colour.setAlphaF(alpha);
+    p.setPen(QPen(colour, std::max(1.0, width * 0.14), Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(x, y(c.high)), QPointF(x, y(c.low)));
+    const QRectF body(x - width / 2, y(std::max(c.open, c.close)), width,
+                      std::max(1.5, std::abs(c.close - c.open) * height));
+    QLinearGradient g(body.topLeft(), body.topRight());
+    g.setColorAt(0.0, colour.lighter(125));
+    g.setColorAt(1.0, colour.darker(115));
+    p.setPen(Qt::NoPen);
+    p.setBrush(g);
+    p.drawRoundedRect(body, width * 0.12, width * 0.12);
+}
+
+QImage icon(int size)
+{
+    QImage image = canvas(size, size);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    const double s = size;
+    const QRectF tile(s * 0.04, s * 0.04, s * 0.92, s * 0.92);
+
+    QLinearGradient bg(tile.topLeft(), tile.bottomLeft());
+    bg.setColorAt(0, kRaised);
+    bg.setColorAt(1, kDeep);
+    p.setPen(QPen(kTeal.darker(160), s * 0.012));
+    p.setBrush(bg);
+    p.drawRoundedRect(tile, s * 0.2, s * 0.2);
+
+    // Faint grid lines.
+    p.setPen(QPen(QColor(255, 255, 255, 22), s * 0.008));
+    for (int i = 1; i < 4; ++i) {
+        const double y = tile.top() + tile.height() * i / 4.0;
+        p.drawLine(QPointF(tile.left() + s * 0.08, y), QPointF(tile.right() - s * 0.08, y));
+    }
+
+    const double top = tile.top() + s * 0.1, height = tile.height() - s * 0.2;
+    const double step = (tile.width() - s * 0.24) / (kIconCandles.size() - 1);
+    std::vector<QPointF> line;
+    for (size_t i = 0; i < kIconCandles.size(); ++i) {
+        const double x = tile.left() + s * 0.12 + step * i;
+        drawCandle(p, x, s * 0.1, kIconCandles[i], top, height);
+        const Candle &c = kIconCandles[i];
+        line.emplace_back(x, top + (1.0 - (c.open + c.close) / 2 + 0.1) * height);
+    }
+    QPainterPath path(line.front());
+    for (size_t i = 1; i < line.size(); ++i) {
+        const QPointF a = line[i - 1], b = line[i];
+        path.cubicTo(QPointF((a.x() + b.x()) / 2, a.y()), QPointF((a.x() + b.x()) / 2, b.y()), b);
+    }
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(kAmber, s * 0.035, Qt::SolidLine, Qt::RoundCap));
+    p.drawPath(path);
+    return image;
+}
+
+QImage splash()
+{
+    const int w = 640, h = 360;
+    QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::TextAntialiasing);
+
+    QLinearGradient bg(0, 0, w, h);
+    bg.setColorAt(0, kRaised);
+    bg.setColorAt(0.55, kSurface);
+    bg.setColorAt(1, kDeep);
+    p.fillRect(image.rect(), bg);
+    QRadialGradient glow(QPointF(w * 0.78, h * 0.25), w * 0.55);
+    glow.setColorAt(0, QColor(47, 191, 168, 46));
+    glow.setColorAt(1, QColor(47, 191, 168, 0));
+    p.fillRect(image.rect(), glow);
+
+    // A band across the top for the start-up message.
+    p.fillRect(QRectF(0, 0, w, 30), QColor(0, 0, 0, 70));
+
+    // A quiet chart in the lower half: a seeded walk of candles with an average line.
+    std::vector<Candle> candles;
+    unsigned seed = 20120925u;
+    auto next = [&] {
+        seed = seed * 1103515245u + 12345u;
+        return double((seed >> 8) & 0xFFFF) / 65535.0;
+    };
+    double close = 0.35;
+    for (int i = 0; i < 38; ++i) {
+        const double open = close + (next() - 0.5) * 0.03;
+        close = open + (next() - 0.45) * 0.12;
+        candles.push_back({open, std::max(open, close) + next() * 0.04,
+                           std::min(open, close) - next() * 0.04, close});
+    }
+    // Stretch the walk over the band, leaving a margin above and below.
+    double lo = candles.front().low, hi = candles.front().high;
+    for (const Candle &c : candles) {
+        lo = std::min(lo, c.low);
+        hi = std::max(hi, c.high);
+    }
+    for (Candle &c : candles)
+        for (double *v : {&c.open, &c.high, &c.low, &c.close})
+            *v = 0.08 + 0.84 * (*v - lo) / (hi - lo);
+    const double chartTop = h * 0.50, chartHeight = h * 0.40, step = (w - 60.0) / candles.size();
+    p.setPen(QPen(QColor(255, 255, 255, 16), 1));
+    for (int i = 0; i <= 4; ++i)
+        p.drawLine(QPointF(0, chartTop + chartHeight * i / 4), QPointF(w, chartTop + chartHeight * i / 4));
+    QPainterPath average;
+    double sum = 0;
+    for (size_t i = 0; i < candles.size(); ++i) {
+        const double x = 30 + step * (i + 0.5);
+        drawCandle(p, x, step * 0.56, candles[i], chartTop, chartHeight, 0.62);
+        sum += candles[i].close;
+        if (i >= 5)
+            sum -= candles[i - 5].close;
+        const double avg = sum / std::min<double>(i + 1, 5);
+        const QPointF pt(x, chartTop + (1.0 - avg) * chartHeight);
+        if (i == 0)
+            average.moveTo(pt);
+        else
+            average.lineTo(pt);
+    }
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(242, 184, 75, 170), 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.drawPath(average);
+    QLinearGradient fade(0, chartTop - 10, 0, h);
+    fade.setColorAt(0, QColor(14, 21, 30, 0));
+    fade.setColorAt(1, QColor(14, 21, 30, 200));
+    p.fillRect(QRectF(0, chartTop - 10, w, h - chartTop + 10), fade);
+
+    // Name and line.
+    const QImage mark = icon(88);
+    p.drawImage(QPointF(40, 64), mark);
+    QFont title(QStringLiteral("DejaVu Sans"));
+    title.setPixelSize(58);
+    title.setBold(true);
+    title.setLetterSpacing(QFont::PercentageSpacing, 96);
+    p.setFont(title);
+    p.setPen(kText);
+    p.drawText(QPointF(146, 126), QStringLiteral("Halcyra"));
+    const double titleWidth = QFontMetricsF(title).horizontalAdvance(QStringLiteral("Halcyra"));
+    QFont version(QStringLiteral("DejaVu Sans"));
+    version.setPixelSize(22);
+    version.setBold(true);
+    p.setFont(version);
+    p.setPen(kAmber);
+    p.drawText(QPointF(152 + titleWidth, 92), QStringLiteral("2.0"));
+    QFont line(QStringLiteral("DejaVu Sans"));
+    line.setPixelSize(15);
+    p.setFont(line);
+    p.setPen(kMuted);
+    p.drawText(QPointF(149, 152), QStringLiteral("Technical analysis of end-of-day quotes"));
+    p.setPen(QPen(kTeal, 2));
+    p.drawLine(QPointF(149, 166), QPointF(149 + 64, 166));
+    return image;
+}
+
+// Small pictures for the style sheet, drawn at 16 x 16.
+using Painter = void (*)(QPainter &, const QColor &);
+
+void chevron(QPainter &p, const QColor &c, double angle)
+{
+    p.translate(8, 8);
+    p.rotate(angle);
+    p.setPen(QPen(c, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.drawPolyline(QPolygonF({QPointF(-4, -2), QPointF(0, 2), QPointF(4, -2)}));
+}
+
+void box(QPainter &p, const QColor &border, const QColor &fill)
+{
+    p.setPen(QPen(border, 1.2));
+    p.setBrush(fill);
+    p.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 3, 3);
+}
+
+QImage small(const std::function<void(QPainter &)> &paint)
+{
+    QImage image = canvas(16, 16);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    paint(p);
+    return image;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: artwork RESOURCES_DIR\n");
+        return 2;
+    }
+    const QDir out(QString::fromLocal8Bit(argv[1]));
+    const QDir style(out.filePath(QStringLiteral("HCStyle/lowres")));
+    QDir().mkpath(style.absolutePath());
+
+    bool ok = save(icon(256), out.filePath(QStringLiteral("app.png")))
+              && save(splash(), out.filePath(QStringLiteral("appsplash.png")));
+
+    const struct
+    {
+        const char *name;
+        std::function<void(QPainter &)> paint;
+    } pictures[] = {
+        {"arrow_down", [](QPainter &p) { chevron(p, kMuted, 0); }},
+        {"arrow_up", [](QPainter &p) { chevron(p, kMuted, 180); }},
+        {"arrow_left", [](QPainter &p) { chevron(p, kMuted, 90); }},
+        {"arrow_right", [](QPainter &p) { chevron(p, kMuted, -90); }},
+        {"arrow_down_hover", [](QPainter &p) { chevron(p, kText, 0); }},
+        {"arrow_up_hover", [](QPainter &p) { chevron(p, kText, 180); }},
+        {"branch_closed", [](QPainter &p) { chevron(p, kMuted, -90); }},
+        {"branch_open", [](QPainter &p) { chevron(p, kMuted, 0); }},
+        {"checkbox_unchecked", [](QPainter &p) { box(p, kMuted, kDeep); }},
+        {"checkbox_unchecked_hover", [](QPainter &p) { box(p, kTeal, kDeep); }},
+        {"checkbox_checked",
+         [](QPainter &p) {
+             box(p, kTeal, kTeal.darker(130));
+             p.setPen(QPen(kText, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+             p.drawPolyline(QPolygonF({QPointF(4.5, 8.2), QPointF(7, 10.8), QPointF(11.6, 5.2)}));
+         }},
+        {"checkbox_indeterminate",
+         [](QPainter &p) {
+             box(p, kTeal, kDeep);
+             p.setPen(QPen(kTeal, 2, Qt::SolidLine, Qt::RoundCap));
+             p.drawLine(QPointF(5, 8), QPointF(11, 8));
+         }},
+        {"radio_unchecked",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.2));
+             p.setBrush(kDeep);
+             p.drawEllipse(QPointF(8, 8), 6.2, 6.2);
+         }},
+        {"radio_checked",
+         [](QPainter &p) {
+             p.setPen(QPen(kTeal, 1.2));
+             p.setBrush(kDeep);
+             p.drawEllipse(QPointF(8, 8), 6.2, 6.2);
+             p.setPen(Qt::NoPen);
+             p.setBrush(kTeal);
+             p.drawEllipse(QPointF(8, 8), 3.4, 3.4);
+         }},
+        {"close",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.6, Qt::SolidLine, Qt::RoundCap));
+             p.drawLine(QPointF(4.5, 4.5), QPointF(11.5, 11.5));
+             p.drawLine(QPointF(11.5, 4.5), QPointF(4.5, 11.5));
+         }},
+        {"float",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.3));
+             p.setBrush(Qt::NoBrush);
+             p.drawRect(QRectF(5.5, 3.5, 7, 6));
+             p.setBrush(kSurface);
+             p.drawRect(QRectF(3.5, 6.5, 7, 6));
+         }},
+        {"grip",
+         [](QPainter &p) {
+             p.setPen(Qt::NoPen);
+             p.setBrush(kMuted);
+             for (int i = 0; i < 3; ++i)
+                 p.drawEllipse(QPointF(8, 4 + 4 * i), 1.1, 1.1);
+         }},
+    };
+    for (const auto &picture : pictures)
+        ok = ok && save(small(picture.paint),
+                        style.filePath(QLatin1String(picture.name) + QLatin1String(".png")));
+    return ok ? 0 : 1;
+}

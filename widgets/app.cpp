@@ -1,0 +1,33 @@
+#include "app.h"
+
+#include "reminders.h"
+#include "translationsmanager.h"
+#include "updater.h"
+
+namespace QMWidgets {
+
+namespace {
+// The identity must be in place before the services below read any setting.
+int &withIdentity(int &argc, const QString &organization, const QString &application)
+{
+    QCoreApplication::setOrganizationName(organization);
+    QCoreApplication::setApplicationName(application);
+    return argc;
+}
+} // namespace
+
+App::App(int &argc, char **argv, const QString &organization, const QString &application)
+    : QApplication(withIdentity(argc, organization, application), argv)
+    , mTranslations(new TranslationsManager(this))
+    , mUpdater(new Updater(this))
+    , mReminders(new Reminders(this))
+{}
+
+App::~App() = default;
+
+App *App::instance()
+{
+    return qobject_cast<App *>(QCoreApplication::instance());
+}
+
+} // namespace QMWidgets

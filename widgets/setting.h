@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+
+namespace QMWidgets {
+
+// One key of the settings store with its default, declared where the key is used:
+//
+//   const Setting<bool> checkUpdates{QStringLiteral("checkupdates"), false};
+//   if (checkUpdates.value()) ...
+//
+// The store is the application's QSettings (organization "Skarvel", application
+// "Halcyra2"); tests redirect it with QStandardPaths::setTestMode().
+template <typename T>
+class Setting
+{
+public:
+    Setting(QString key, T fallback)
+        : mKey(std::move(key))
+        , mDefault(std::move(fallback))
+    {}
+
+    const QString &key() const { return mKey; }
+    const T &defaultValue() const { return mDefault; }
+
+    // The stored value, or the default when the key is absent or holds another type.
+    T value() const
+    {
+        const QVariant v = QSettings().value(mKey);
+        return v.isValid() && v.canConvert<T>() ? v.value<T>() : mDefault;
+    }
+    void setValue(const T &value) const { QSettings().setValue(mKey, QVariant::fromValue(value)); }
+    bool isStored() const { return QSettings().contains(mKey); }
+    void reset() const { QSettings().remove(mKey); }
+
+private:
+    QString mKey;
+    T mDefault;
+};
+
+} // namespace QMWidgets
