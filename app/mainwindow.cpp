@@ -35,8 +35,8 @@ MainWindow::MainWindow(QWidget *parent)
     mSymbols->setObjectName(QStringLiteral("MainWindowSymbols"));
     mSymbols->setRootIsDecorated(false);
     mSymbols->setAlternatingRowColors(true);
-    mSymbols->setHeaderLabels({tr("Symbol"), tr("Bars"), tr("First day"), tr("Last day"),
-                               tr("Last close")});
+    mSymbols->setHeaderLabels(
+        {tr("Symbol"), tr("Bars"), tr("First day"), tr("Last day"), tr("Last close")});
     mSymbols->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     mSymbols->header()->setStretchLastSection(false);
     mSymbols->setSortingEnabled(true);
@@ -63,8 +63,7 @@ MainWindow::MainWindow(QWidget *parent)
     connect(mSymbols, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem *item) { editSymbol(item); });
     if (auto *app = QMWidgets::App::instance())
-        connect(app->reminders(), &QMWidgets::Reminders::remind, this,
-                &MainWindow::showReminder);
+        connect(app->reminders(), &QMWidgets::Reminders::remind, this, &MainWindow::showReminder);
 
     slotFillStoredSymbols();
     resize(900, 600);

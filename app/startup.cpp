@@ -45,8 +45,8 @@ int run(int &argc, char **argv)
 
     // The home folder is the program's data folder and its current folder.
     QString error;
-    if (!OrdaneData::Home::setPath(OrdaneData::Home::resolve(app.arguments()), &error)
-        || !OrdaneData::Home::prepare(&error) || !QDir::setCurrent(OrdaneData::Home::path())) {
+    if (!OrdaneData::Home::setPath(OrdaneData::Home::resolve(app.arguments()), &error) ||
+        !OrdaneData::Home::prepare(&error) || !QDir::setCurrent(OrdaneData::Home::path())) {
         QMessageBox::critical(nullptr, QStringLiteral("Halcyra"),
                               error.isEmpty() ? QStringLiteral("Cannot open the home folder")
                                               : error);

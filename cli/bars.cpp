@@ -1,5 +1,4 @@
 #include "command.h"
-
 #include "data/quotefile.h"
 #include "data/reader.h"
 
@@ -23,8 +22,7 @@ int runBars(const QStringList &args, Context &context)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     const QCommandLineOption frameOption(QStringLiteral("frame"), QString(),
                                          QStringLiteral("frame"), QStringLiteral("day"));
-    const QCommandLineOption limitOption(QStringLiteral("limit"), QString(),
-                                         QStringLiteral("N"));
+    const QCommandLineOption limitOption(QStringLiteral("limit"), QString(), QStringLiteral("N"));
     parser.addOption(frameOption);
     parser.addOption(limitOption);
     if (!parser.parse(QStringList{QStringLiteral("bars")} + args)) {

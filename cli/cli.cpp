@@ -1,5 +1,4 @@
 #include "command.h"
-
 #include "data/home.h"
 #include "data/quotefile.h"
 
@@ -32,13 +31,13 @@ QString usage()
                                   "       halcyra-cli --help | --version\n\n"
                                   "Commands:\n");
     for (const Command &c : commands())
-        text += QStringLiteral("  %1 %2\n      %3\n")
-                    .arg(QLatin1String(c.name), QLatin1String(c.synopsis),
-                         QLatin1String(c.summary));
-    text += QStringLiteral(
-        "\nFILE is a quote file, or a symbol stored in the home folder (\"MSFT\").\n"
-        "The home folder is --home DIR, else $HALCYRA_HOME, else the platform's\n"
-        "application data folder.\n");
+        text +=
+            QStringLiteral("  %1 %2\n      %3\n")
+                .arg(QLatin1String(c.name), QLatin1String(c.synopsis), QLatin1String(c.summary));
+    text +=
+        QStringLiteral("\nFILE is a quote file, or a symbol stored in the home folder (\"MSFT\").\n"
+                       "The home folder is --home DIR, else $HALCYRA_HOME, else the platform's\n"
+                       "application data folder.\n");
     return text;
 }
 

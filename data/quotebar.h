@@ -40,8 +40,8 @@ public:
 
     bool operator==(const QuoteBar &o) const
     {
-        return mDate == o.mDate && mOpen == o.mOpen && mHigh == o.mHigh && mLow == o.mLow
-               && mClose == o.mClose && mVolume == o.mVolume;
+        return mDate == o.mDate && mOpen == o.mOpen && mHigh == o.mHigh && mLow == o.mLow &&
+               mClose == o.mClose && mVolume == o.mVolume;
     }
     bool operator!=(const QuoteBar &o) const { return !(*this == o); }
 

@@ -85,8 +85,8 @@ void Reminders::remove(int index)
 int Reminders::check(const QDateTime &now)
 {
     QVector<Reminder> all = list();
-    const auto firstLater = std::find_if(all.begin(), all.end(),
-                                         [&](const Reminder &r) { return r.due > now; });
+    const auto firstLater =
+        std::find_if(all.begin(), all.end(), [&](const Reminder &r) { return r.due > now; });
     const QVector<Reminder> due(all.begin(), firstLater);
     if (due.isEmpty())
         return 0;

@@ -65,8 +65,8 @@ void RemindersDialog::refill()
     mList->clear();
     const auto all = mReminders->list();
     for (const auto &r : all)
-        mList->addItem(QStringLiteral("%1   %2").arg(
-            QLocale().toString(r.due, QLocale::ShortFormat), r.text));
+        mList->addItem(
+            QStringLiteral("%1   %2").arg(QLocale().toString(r.due, QLocale::ShortFormat), r.text));
     mRemove->setEnabled(mList->currentRow() >= 0);
 }
 

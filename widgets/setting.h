@@ -12,9 +12,8 @@ namespace QMWidgets {
 //   if (checkUpdates.value()) ...
 //
 // The store is the application's QSettings (organization "Skarvel", application
-// "Halcyra2"); tests redirect it with QStandardPaths::setTestMode().
-template <typename T>
-class Setting
+// "Halcyra2"); tests redirect it with QStandardPaths::setTestModeEnabled().
+template <typename T> class Setting
 {
 public:
     Setting(QString key, T fallback)
@@ -25,11 +24,11 @@ public:
     const QString &key() const { return mKey; }
     const T &defaultValue() const { return mDefault; }
 
-    // The stored value, or the default when the key is absent or holds another type.
+    // The stored value, or the default when the key is absent or cannot be read as T.
     T value() const
     {
-        const QVariant v = QSettings().value(mKey);
-        return v.isValid() && v.canConvert<T>() ? v.value<T>() : mDefault;
+        QVariant v = QSettings().value(mKey);
+        return v.isValid() && v.convert(qMetaTypeId<T>()) ? v.value<T>() : mDefault;
     }
     void setValue(const T &value) const { QSettings().setValue(mKey, QVariant::fromValue(value)); }
     bool isStored() const { return QSettings().contains(mKey); }

@@ -6,6 +6,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QVersionNumber>
 
@@ -69,9 +70,11 @@ Updater::Result Updater::interpret(const QByteArray &reply, const QString &curre
         r.outcome = NoAnswer;
         return r;
     }
-    int suffix = 0;
-    const QVersionNumber newest = QVersionNumber::fromString(text, &suffix);
-    if (newest.isNull() || suffix != text.size()) {
+    // Checked by pattern: the toolkit declares fromString() pure although it writes its
+    // suffix index, so an optimiser may not see that index change.
+    static const QRegularExpression version(QStringLiteral("^[0-9]+(\\.[0-9]+)*$"));
+    const QVersionNumber newest = QVersionNumber::fromString(text);
+    if (!version.match(text).hasMatch() || newest.isNull()) {
         r.outcome = NotAVersion;
         r.newest = text.left(40);
         return r;
@@ -90,9 +93,9 @@ QString Updater::describe(const Result &r)
         return tr("No update address is configured, so no search was made. Set the address "
                   "of a version file under the setting \"UpdateUrl\".");
     case NoAnswer:
-        return r.detail.isEmpty() ? tr("The update server at %1 gave an empty answer.").arg(r.url)
-                                  : tr("The update server at %1 did not answer: %2")
-                                        .arg(r.url, r.detail);
+        return r.detail.isEmpty()
+                   ? tr("The update server at %1 gave an empty answer.").arg(r.url)
+                   : tr("The update server at %1 did not answer: %2").arg(r.url, r.detail);
     case NotAVersion:
         return tr("The update server at %1 answered \"%2\", which is not a version number.")
             .arg(r.url, r.newest);

@@ -60,3 +60,5 @@ private:
 };
 
 } // namespace QMWidgets
+
+Q_DECLARE_METATYPE(QMWidgets::Updater::Result)

@@ -64,7 +64,9 @@ const std::vector<Candle> kIconCandles = {
 void drawCandle(QPainter &p, double x, double width, const Candle &c, double top, double height,
                 double alpha = 1.0)
 {
-    auto y = [&](double v) { return top + (1.0 - v) * height; };
+    auto y = [&](double v) {
+        return top + (1.0 - v) * height;
+    };
     QColor colour = c.close >= c.open ? kTeal : kCoral;
     colour.setAlphaF(alpha);
     p.setPen(QPen(colour, std::max(1.0, width * 0.14), Qt::SolidLine, Qt::RoundCap));
@@ -168,7 +170,8 @@ QImage splash()
     const double chartTop = h * 0.50, chartHeight = h * 0.40, step = (w - 60.0) / candles.size();
     p.setPen(QPen(QColor(255, 255, 255, 16), 1));
     for (int i = 0; i <= 4; ++i)
-        p.drawLine(QPointF(0, chartTop + chartHeight * i / 4), QPointF(w, chartTop + chartHeight * i / 4));
+        p.drawLine(QPointF(0, chartTop + chartHeight * i / 4),
+                   QPointF(w, chartTop + chartHeight * i / 4));
     QPainterPath average;
     double sum = 0;
     for (size_t i = 0; i < candles.size(); ++i) {
@@ -260,24 +263,54 @@ int main(int argc, char **argv)
     const QDir style(out.filePath(QStringLiteral("HCStyle/lowres")));
     QDir().mkpath(style.absolutePath());
 
-    bool ok = save(icon(256), out.filePath(QStringLiteral("app.png")))
-              && save(splash(), out.filePath(QStringLiteral("appsplash.png")));
+    bool ok = save(icon(256), out.filePath(QStringLiteral("app.png"))) &&
+              save(splash(), out.filePath(QStringLiteral("appsplash.png")));
 
     const struct
     {
         const char *name;
         std::function<void(QPainter &)> paint;
     } pictures[] = {
-        {"arrow_down", [](QPainter &p) { chevron(p, kMuted, 0); }},
-        {"arrow_up", [](QPainter &p) { chevron(p, kMuted, 180); }},
-        {"arrow_left", [](QPainter &p) { chevron(p, kMuted, 90); }},
-        {"arrow_right", [](QPainter &p) { chevron(p, kMuted, -90); }},
-        {"arrow_down_hover", [](QPainter &p) { chevron(p, kText, 0); }},
-        {"arrow_up_hover", [](QPainter &p) { chevron(p, kText, 180); }},
-        {"branch_closed", [](QPainter &p) { chevron(p, kMuted, -90); }},
-        {"branch_open", [](QPainter &p) { chevron(p, kMuted, 0); }},
-        {"checkbox_unchecked", [](QPainter &p) { box(p, kMuted, kDeep); }},
-        {"checkbox_unchecked_hover", [](QPainter &p) { box(p, kTeal, kDeep); }},
+        {"arrow_down",
+         [](QPainter &p) {
+             chevron(p, kMuted, 0);
+         }},
+        {"arrow_up",
+         [](QPainter &p) {
+             chevron(p, kMuted, 180);
+         }},
+        {"arrow_left",
+         [](QPainter &p) {
+             chevron(p, kMuted, 90);
+         }},
+        {"arrow_right",
+         [](QPainter &p) {
+             chevron(p, kMuted, -90);
+         }},
+        {"arrow_down_hover",
+         [](QPainter &p) {
+             chevron(p, kText, 0);
+         }},
+        {"arrow_up_hover",
+         [](QPainter &p) {
+             chevron(p, kText, 180);
+         }},
+        {"branch_closed",
+         [](QPainter &p) {
+             chevron(p, kMuted, -90);
+         }},
+        {"branch_open",
+         [](QPainter &p) {
+             chevron(p, kMuted, 0);
+         }},
+        {"checkbox_unchecked",
+         [](QPainter &p) {
+             box(p, kMuted, kDeep);
+         }},
+        {"checkbox_unchecked_hover",
+         [](QPainter &p) {
+             box(p, kTeal, kDeep);
+         }},
         {"checkbox_checked",
          [](QPainter &p) {
              box(p, kTeal, kTeal.darker(130));

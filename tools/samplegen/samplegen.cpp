@@ -107,17 +107,21 @@ QSet<QDate> holidays(int y, Calendar calendar)
     const QDate easter = easterSunday(y);
     switch (calendar) {
     case Calendar::US: {
-        QSet<QDate> s{nthWeekday(y, 1, Qt::Monday, 3), nthWeekday(y, 2, Qt::Monday, 3),
-                      easter.addDays(-2), lastWeekday(y, 5, Qt::Monday),
-                      observed(QDate(y, 7, 4)), nthWeekday(y, 9, Qt::Monday, 1),
-                      nthWeekday(y, 11, Qt::Thursday, 4), observed(QDate(y, 12, 25))};
+        QSet<QDate> s{nthWeekday(y, 1, Qt::Monday, 3),
+                      nthWeekday(y, 2, Qt::Monday, 3),
+                      easter.addDays(-2),
+                      lastWeekday(y, 5, Qt::Monday),
+                      observed(QDate(y, 7, 4)),
+                      nthWeekday(y, 9, Qt::Monday, 1),
+                      nthWeekday(y, 11, Qt::Thursday, 4),
+                      observed(QDate(y, 12, 25))};
         if (QDate(y, 1, 1).dayOfWeek() != Qt::Saturday)
             s.insert(observed(QDate(y, 1, 1)));
         return s;
     }
     case Calendar::Germany:
         return {QDate(y, 1, 1),   easter.addDays(-2), easter.addDays(1), QDate(y, 5, 1),
-                QDate(y, 12, 24), QDate(y, 12, 25),   QDate(y, 12, 26), QDate(y, 12, 31)};
+                QDate(y, 12, 24), QDate(y, 12, 25),   QDate(y, 12, 26),  QDate(y, 12, 31)};
     case Calendar::GermanyShort:
         return {easter.addDays(-2), easter.addDays(1), QDate(y, 12, 25), QDate(y, 12, 26)};
     }
@@ -133,11 +137,11 @@ struct Regime
 };
 
 const Regime kMarket[] = {
-    {QDate(1999, 1, 1), 0.0008, 0.018},   {QDate(2000, 3, 24), -0.0009, 0.020},
-    {QDate(2002, 10, 9), 0.0001, 0.019},  {QDate(2003, 3, 11), 0.0006, 0.010},
-    {QDate(2007, 10, 9), -0.0008, 0.016}, {QDate(2008, 9, 12), -0.0040, 0.042},
+    {QDate(1999, 1, 1), 0.0008, 0.018},    {QDate(2000, 3, 24), -0.0009, 0.020},
+    {QDate(2002, 10, 9), 0.0001, 0.019},   {QDate(2003, 3, 11), 0.0006, 0.010},
+    {QDate(2007, 10, 9), -0.0008, 0.016},  {QDate(2008, 9, 12), -0.0040, 0.042},
     {QDate(2008, 11, 21), -0.0008, 0.028}, {QDate(2009, 3, 9), 0.0010, 0.014},
-    {QDate(2011, 7, 22), -0.0030, 0.026}, {QDate(2011, 10, 3), 0.0008, 0.011},
+    {QDate(2011, 7, 22), -0.0030, 0.026},  {QDate(2011, 10, 3), 0.0008, 0.011},
 };
 
 const Regime &regimeOf(const QDate &d)
@@ -155,11 +159,11 @@ struct Symbol
     std::uint64_t seed;
     QDate start;
     Calendar calendar;
-    double price;      // first close
-    double beta;       // response to the market
-    double drift;      // own daily drift
-    double vol;        // own daily volatility
-    double volume;     // typical daily volume at the start
+    double price;       // first close
+    double beta;        // response to the market
+    double drift;       // own daily drift
+    double vol;         // own daily volatility
+    double volume;      // typical daily volume at the start
     double volumeTrend; // daily growth of the typical volume
 };
 
@@ -169,8 +173,8 @@ const Symbol kSymbols[] = {
     {"UTX", 0x07C5, QDate(2000, 6, 1), Calendar::US, 32.0, 0.90, 0.0003, 0.011, 3.5e6, 0.0002},
     {"MAN.DE", 0x3A4D, QDate(2000, 6, 1), Calendar::Germany, 28.0, 1.30, 0.0004, 0.017, 0.9e6,
      0.0002},
-    {"ADS.DE", 0xAD5D, QDate(2003, 1, 2), Calendar::GermanyShort, 24.0, 0.95, 0.0005, 0.013,
-     1.1e6, 0.0001},
+    {"ADS.DE", 0xAD5D, QDate(2003, 1, 2), Calendar::GermanyShort, 24.0, 0.95, 0.0005, 0.013, 1.1e6,
+     0.0001},
 };
 
 const QDate kLastDay(2012, 9, 25);
@@ -231,8 +235,10 @@ QVector<QuoteBar> generate(const Symbol &s)
         const double partial = 0.25 * r + 0.35 * sigma * own.normal() + 0.8 * gap;
         const double open = cents(std::fmax(prev * (1.0 + clamp(partial, -0.3, 0.3)), 0.5));
         const double spread = (regime.vol + sigma) * 0.5;
-        double high = cents(std::fmax(open, close) * (1.0 + std::fabs(own.normal()) * 0.55 * spread));
-        double low = cents(std::fmin(open, close) * (1.0 - std::fabs(own.normal()) * 0.55 * spread));
+        double high =
+            cents(std::fmax(open, close) * (1.0 + std::fabs(own.normal()) * 0.55 * spread));
+        double low =
+            cents(std::fmin(open, close) * (1.0 - std::fabs(own.normal()) * 0.55 * spread));
         high = std::fmax(high, std::fmax(open, close));
         low = std::fmax(std::fmin(low, std::fmin(open, close)), 0.01);
 
@@ -268,8 +274,7 @@ int main(int argc, char **argv)
         const QVector<QuoteBar> bars = generate(s);
         const QString path = out.filePath(QLatin1String(s.name) + QLatin1String(".csv"));
         QString error;
-        if (!OrdaneData::writeText(path, OrdaneData::seriesToText(bars),
-                                   &error)) {
+        if (!OrdaneData::writeText(path, OrdaneData::seriesToText(bars), &error)) {
             std::fprintf(stderr, "samplegen: %s: %s\n", qPrintable(path), qPrintable(error));
             return 1;
         }

@@ -1,0 +1,81 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>QMWidgets::RemindersDialog</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Reminders</source>
+        <translation>Erinnerungen</translation>
+    </message>
+    <message>
+        <source>What should Halcyra remind you of?</source>
+        <translation>Woran soll Halcyra Sie erinnern?</translation>
+    </message>
+    <message>
+        <source>When:</source>
+        <translation>Wann:</translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation>Notiz:</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::Updater</name>
+    <message>
+        <source>No update address is configured, so no search was made. Set the address of a version file under the setting &quot;UpdateUrl&quot;.</source>
+        <translation>Es ist keine Aktualisierungsadresse eingestellt, daher wurde nicht gesucht. Tragen Sie die Adresse einer Versionsdatei unter der Einstellung "UpdateUrl" ein.</translation>
+    </message>
+    <message>
+        <source>The update server at %1 gave an empty answer.</source>
+        <translation>Der Aktualisierungsserver unter %1 hat eine leere Antwort gegeben.</translation>
+    </message>
+    <message>
+        <source>The update server at %1 did not answer: %2</source>
+        <translation>Der Aktualisierungsserver unter %1 hat nicht geantwortet: %2</translation>
+    </message>
+    <message>
+        <source>The update server at %1 answered &quot;%2&quot;, which is not a version number.</source>
+        <translation>Der Aktualisierungsserver unter %1 hat „%2“ geantwortet; das ist keine Versionsnummer.</translation>
+    </message>
+    <message>
+        <source>You are using the newest version (%1).</source>
+        <translation>Sie verwenden die neueste Version (%1).</translation>
+    </message>
+    <message>
+        <source>Version %1 is available; you are using version %2.</source>
+        <translation>Version %1 ist verfügbar; Sie verwenden Version %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::UpdaterPage</name>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Searching for the updates</source>
+        <translation>Suche nach Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Please, wait ...</source>
+        <translation>Bitte warten ...</translation>
+    </message>
+    <message>
+        <source>A new version is available</source>
+        <translation>Eine neue Version ist verfügbar</translation>
+    </message>
+    <message>
+        <source>Update check</source>
+        <translation>Aktualisierungsprüfung</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,81 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ru_RU">
+<context>
+    <name>QMWidgets::RemindersDialog</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Добавить</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Удалить</translation>
+    </message>
+    <message>
+        <source>Reminders</source>
+        <translation>Напоминания</translation>
+    </message>
+    <message>
+        <source>What should Halcyra remind you of?</source>
+        <translation>О чём Halcyra должна вам напомнить?</translation>
+    </message>
+    <message>
+        <source>When:</source>
+        <translation>Когда:</translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation>Заметка:</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::Updater</name>
+    <message>
+        <source>No update address is configured, so no search was made. Set the address of a version file under the setting &quot;UpdateUrl&quot;.</source>
+        <translation>Адрес обновлений не задан, поиск не выполнялся. Укажите адрес файла версии в настройке "UpdateUrl".</translation>
+    </message>
+    <message>
+        <source>The update server at %1 gave an empty answer.</source>
+        <translation>Сервер обновлений %1 вернул пустой ответ.</translation>
+    </message>
+    <message>
+        <source>The update server at %1 did not answer: %2</source>
+        <translation>Сервер обновлений %1 не ответил: %2</translation>
+    </message>
+    <message>
+        <source>The update server at %1 answered &quot;%2&quot;, which is not a version number.</source>
+        <translation>Сервер обновлений %1 ответил «%2», это не номер версии.</translation>
+    </message>
+    <message>
+        <source>You are using the newest version (%1).</source>
+        <translation>Вы используете новейшую версию (%1).</translation>
+    </message>
+    <message>
+        <source>Version %1 is available; you are using version %2.</source>
+        <translation>Доступна версия %1; у вас версия %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::UpdaterPage</name>
+    <message>
+        <source>Updates</source>
+        <translation>Обновления</translation>
+    </message>
+    <message>
+        <source>Searching for the updates</source>
+        <translation>Поиск обновлений</translation>
+    </message>
+    <message>
+        <source>Please, wait ...</source>
+        <translation>Пожалуйста, подождите ...</translation>
+    </message>
+    <message>
+        <source>A new version is available</source>
+        <translation>Доступна новая версия</translation>
+    </message>
+    <message>
+        <source>Update check</source>
+        <translation>Проверка обновлений</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,168 @@
+// The command-line tool: exit statuses, usage errors and the bars command's output.
+
+#include "cli/command.h"
+#include "data/quotefile.h"
+#include "data/reader.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+struct Outcome
+{
+    int status;
+    QString out;
+    QString err;
+};
+
+Outcome runCli(const QStringList &args)
+{
+    QString out, err;
+    QTextStream o(&out), e(&err);
+    const int status = Cli::run(QStringList{QStringLiteral("halcyra-cli")} + args, o, e);
+    o.flush();
+    e.flush();
+    return {status, out, err};
+}
+} // namespace
+
+class TestCli : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void exitStatus_data();
+    void exitStatus();
+    void barsPrintsTheStoredText();
+    void barsAggregatesAndLimits();
+    void barsFindsStoredSymbolsInTheHome();
+    void realProcessReportsFailures();
+
+private:
+    QTemporaryDir mDir;
+    QString mFile;
+    QString mText;
+};
+
+void TestCli::initTestCase()
+{
+    QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));
+    QStandardPaths::setTestModeEnabled(true);
+    // Nothing here may fall through to the user's own home folder.
+    qputenv("HALCYRA_HOME", mDir.filePath(QStringLiteral("home")).toLocal8Bit());
+    // 30 Jan .. 2 Mar 2012, one bar per weekday.
+    QVector<QuoteBar> bars;
+    for (QDate d(2012, 1, 30); d <= QDate(2012, 3, 2); d = d.addDays(1))
+        if (d.dayOfWeek() <= 5)
+            bars.append(QuoteBar(d, 10, 12, 9, 11, 100));
+    mText = OrdaneData::seriesToText(bars);
+    mFile = mDir.filePath(QStringLiteral("X.csv"));
+    QVERIFY(OrdaneData::writeText(mFile, mText));
+}
+
+void TestCli::exitStatus_data()
+{
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("says"); // on stdout for 0, on stderr otherwise
+
+    const QString file = mDir.filePath(QStringLiteral("X.csv"));
+    const auto row = [](const char *name, QStringList args, int status, const char *says) {
+        QTest::newRow(name) << args << status << QString::fromLatin1(says);
+    };
+    const auto S = [](const char *s) {
+        return QString::fromLatin1(s);
+    };
+    row("no-arguments", {}, 2, "Usage:");
+    row("help", {S("--help")}, 0, "bars FILE");
+    row("version", {S("--version")}, 0, "halcyra-cli 2.0");
+    row("unknown-command", {S("plot")}, 2, "unknown command plot");
+    row("unknown-option", {S("--colour")}, 2, "unknown option --colour");
+    row("home-without-folder", {S("--home")}, 2, "--home needs a folder");
+    row("bars-without-file", {S("bars")}, 2, "expected one FILE");
+    row("bars-two-files", {S("bars"), file, file}, 2, "expected one FILE");
+    row("bars-unknown-frame", {S("bars"), file, S("--frame"), S("fortnight")}, 2,
+        "unknown frame fortnight");
+    row("bars-zero-limit", {S("bars"), file, S("--limit"), S("0")}, 2, "--limit");
+    row("bars-text-limit", {S("bars"), file, S("--limit"), S("ten")}, 2, "--limit");
+    row("bars-unknown-option", {S("bars"), file, S("--from"), S("2012")}, 2, "from");
+    row("bars-missing-file", {S("--home"), mDir.path(), S("bars"), S("/nonexistent/X.csv")}, 1,
+        "no such file");
+    row("bars-ok", {S("bars"), file}, 0, "Date,Open,High,Low,Close,Volume,Adj Close");
+}
+
+void TestCli::exitStatus()
+{
+    QFETCH(QStringList, args);
+    QFETCH(int, status);
+    QFETCH(QString, says);
+    const Outcome r = runCli(args);
+    QCOMPARE(r.status, status);
+    const QString &text = status == 0 ? r.out : r.err;
+    QVERIFY2(text.contains(says), qPrintable(text));
+}
+
+void TestCli::barsPrintsTheStoredText()
+{
+    const Outcome r = runCli({QStringLiteral("bars"), mFile});
+    QCOMPARE(r.status, 0);
+    QCOMPARE(r.out, mText + QLatin1Char('\n'));
+    QVERIFY(r.err.isEmpty());
+}
+
+void TestCli::barsAggregatesAndLimits()
+{
+    Outcome r =
+        runCli({QStringLiteral("bars"), mFile, QStringLiteral("--frame"), QStringLiteral("month")});
+    QCOMPARE(r.status, 0);
+    QCOMPARE(r.out, QStringLiteral("Date,Open,High,Low,Close,Volume,Adj Close\n"
+                                   "2012-03-02,10,12,9,11,200,0.00\n"
+                                   "2012-02-29,10,12,9,11,2100,0.00\n"
+                                   "2012-01-31,10,12,9,11,200,0.00\n"));
+
+    r = runCli({QStringLiteral("bars"), mFile, QStringLiteral("--limit"), QStringLiteral("3"),
+                QStringLiteral("--frame"), QStringLiteral("week")});
+    QCOMPARE(r.status, 0);
+    QCOMPARE(r.out, QStringLiteral("Date,Open,High,Low,Close,Volume,Adj Close\n"
+                                   "2012-02-01,10,12,9,11,300,0.00\n"));
+    // The limit is the process's only while the command runs.
+    QCOMPARE(OrdaneData::Reader::historyLimit(), -1);
+}
+
+void TestCli::barsFindsStoredSymbolsInTheHome()
+{
+    QTemporaryDir home;
+    const Outcome r =
+        runCli({QStringLiteral("--home"), home.path(), QStringLiteral("bars"),
+                QStringLiteral("ADS.DE"), QStringLiteral("--frame"), QStringLiteral("year")});
+    QCOMPARE(r.status, 0);
+    // 2003 .. 2012: ten year bars and the header.
+    QCOMPARE(r.out.count(QLatin1Char('\n')), 11);
+    QVERIFY(r.out.contains(QStringLiteral("\n2012-09-25,")));
+    QVERIFY(QFileInfo::exists(home.filePath(QStringLiteral("Storage/ADS.DE.csv"))));
+}
+
+void TestCli::realProcessReportsFailures()
+{
+    QProcess cli;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("HALCYRA_HOME"), mDir.filePath(QStringLiteral("home")));
+    cli.setProcessEnvironment(env);
+    cli.start(QStringLiteral(HALCYRA_CLI),
+              {QStringLiteral("bars"), QStringLiteral("/nonexistent")});
+    QVERIFY(cli.waitForFinished(30000));
+    QCOMPARE(cli.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(cli.exitCode(), 1);
+    QVERIFY(cli.readAllStandardError().contains("no such file"));
+
+    cli.start(QStringLiteral(HALCYRA_CLI), {QStringLiteral("--version")});
+    QVERIFY(cli.waitForFinished(30000));
+    QCOMPARE(cli.exitCode(), 0);
+    QCOMPARE(cli.readAllStandardOutput(), QByteArray("halcyra-cli 2.0\n"));
+}
+
+QTEST_GUILESS_MAIN(TestCli)
+#include "test_cli.moc"

@@ -1,0 +1,143 @@
+// The home folder: how it is chosen, and what a first start puts into it.
+
+#include "data/home.h"
+#include "data/quotefile.h"
+
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace OrdaneData;
+
+namespace {
+const QStringList kSamples = {QStringLiteral("AAPL.csv"), QStringLiteral("ADS.DE.csv"),
+                              QStringLiteral("MAN.DE.csv"), QStringLiteral("MSFT.csv"),
+                              QStringLiteral("UTX.csv")};
+
+QStringList files(const QString &dir)
+{
+    return QDir(dir).entryList(QDir::Files, QDir::Name);
+}
+} // namespace
+
+class TestHome : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup() { qunsetenv("HALCYRA_HOME"); }
+    void resolve_data();
+    void resolve();
+    void firstStartInstallsSamples();
+    void emptyStorageGetsSamples();
+    void userFilesAreNeverTouched();
+    void unusableHomeIsReported();
+};
+
+void TestHome::initTestCase()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
+    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+}
+
+void TestHome::resolve_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("environment");
+    QTest::addColumn<QString>("expected");
+
+    auto args = [](std::initializer_list<const char *> list) {
+        QStringList result{QStringLiteral("halcyra")};
+        for (const char *a : list)
+            result << QString::fromLatin1(a);
+        return result;
+    };
+    const QString appData = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString env = QStringLiteral("/tmp/env");
+    QTest::newRow("option-wins") << args({"--home", "/tmp/a"}) << env << QStringLiteral("/tmp/a");
+    QTest::newRow("option-with-equals")
+        << args({"--home=/tmp/b"}) << QString() << QStringLiteral("/tmp/b");
+    QTest::newRow("relative-made-absolute")
+        << args({"--home", "h/../x"}) << QString() << QDir::currentPath() + QStringLiteral("/x");
+    QTest::newRow("environment") << args({}) << env << env;
+    QTest::newRow("option-without-folder-falls-back") << args({"--home"}) << env << env;
+    QTest::newRow("platform-folder") << args({}) << QString() << appData;
+}
+
+void TestHome::resolve()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, environment);
+    if (!environment.isEmpty())
+        qputenv("HALCYRA_HOME", environment.toLocal8Bit());
+    QTEST(Home::resolve(arguments), "expected");
+}
+
+void TestHome::firstStartInstallsSamples()
+{
+    QTemporaryDir dir;
+    const QString home = dir.filePath(QStringLiteral("new/home"));
+    QString error;
+    QVERIFY(Home::setPath(home, &error));
+    QVERIFY2(Home::prepare(&error), qPrintable(error));
+
+    QCOMPARE(files(Home::storagePath()), kSamples);
+    for (const char *folder : {"Templates", "UserIndicators", "UserExperts"})
+        QVERIFY(QFileInfo(home + QLatin1Char('/') + QLatin1String(folder)).isDir());
+    // Made by the first calibration that writes, not at start.
+    QVERIFY(!QFileInfo::exists(Home::calibratorPath()));
+
+    QFile installed(fileOf(QStringLiteral("MSFT")));
+    QFile resource(QStringLiteral(":/Storage/MSFT.csv"));
+    QVERIFY(installed.open(QIODevice::ReadOnly) && resource.open(QIODevice::ReadOnly));
+    QCOMPARE(installed.readAll(), resource.readAll());
+    // The user edits these files, so they must not inherit the resource's read-only mode.
+    QVERIFY(installed.permissions() & QFileDevice::WriteOwner);
+}
+
+void TestHome::emptyStorageGetsSamples()
+{
+    QTemporaryDir dir;
+    QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("Storage")));
+    QVERIFY(Home::setPath(dir.path()));
+    QVERIFY(Home::prepare());
+    QCOMPARE(files(Home::storagePath()), kSamples);
+}
+
+void TestHome::userFilesAreNeverTouched()
+{
+    QTemporaryDir dir;
+    QVERIFY(Home::setPath(dir.path()));
+    QVERIFY(QDir().mkpath(Home::storagePath()));
+    const QString mine = fileOf(QStringLiteral("MSFT"));
+    QVERIFY(writeText(mine, QStringLiteral("my own text")));
+
+    QVERIFY(Home::prepare());
+    QVERIFY(Home::prepare());
+    QCOMPARE(files(Home::storagePath()), QStringList{QStringLiteral("MSFT.csv")});
+    QFile file(mine);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("my own text"));
+}
+
+void TestHome::unusableHomeIsReported()
+{
+    QTemporaryDir dir;
+    const QString blocker = dir.filePath(QStringLiteral("file"));
+    QVERIFY(writeText(blocker, QStringLiteral("x")));
+    QString error;
+    QVERIFY(!Home::setPath(blocker + QStringLiteral("/home"), &error));
+    QVERIFY(error.contains(QStringLiteral("home")));
+
+    // A home whose storage folder is taken by a file cannot be prepared.
+    QVERIFY(Home::setPath(dir.path()));
+    QVERIFY(writeText(dir.filePath(QStringLiteral("Storage")), QStringLiteral("x")));
+    QVERIFY(!Home::prepare(&error));
+    QVERIFY(!error.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestHome)
+#include "test_home.moc"
