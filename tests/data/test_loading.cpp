@@ -112,7 +112,6 @@ void TestLoading::historyLimitKeepsOldestBars_data()
     QTest::newRow("limit-70") << 70 << 70;
     QTest::newRow("no-limit") << -1 << 300;
     QTest::newRow("zero-is-no-limit") << 0 << 300;
-    QTest::newRow("limit-above-length") << 500 << 300;
 }
 
 void TestLoading::historyLimitKeepsOldestBars()
