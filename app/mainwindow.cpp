@@ -3,6 +3,7 @@
 #include "data/home.h"
 #include "data/reader.h"
 #include "data/ui/editcsvdialog.h"
+#include "view/ui/viewscontainer.h"
 #include "widgets/app.h"
 #include "widgets/reminders.h"
 #include "widgets/remindersdialog.h"
@@ -13,8 +14,10 @@
 #include <QDir>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTreeWidget>
 #include <QUrl>
@@ -25,31 +28,42 @@ namespace Halcyra {
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , mSymbols(new QTreeWidget(this))
+    , mViews(new OrdaneView::ViewsContainer(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Halcyra %1").arg(QCoreApplication::applicationVersion()));
 
-    auto *centre = new QWidget(this);
-    auto *heading = new QLabel(tr("Stored symbols"), centre);
+    auto *side = new QWidget(this);
+    auto *heading = new QLabel(tr("Stored symbols"), side);
     heading->setObjectName(QStringLiteral("MainWindowHeading"));
     mSymbols->setObjectName(QStringLiteral("MainWindowSymbols"));
     mSymbols->setRootIsDecorated(false);
     mSymbols->setAlternatingRowColors(true);
-    mSymbols->setHeaderLabels(
-        {tr("Symbol"), tr("Bars"), tr("First day"), tr("Last day"), tr("Last close")});
+    mSymbols->setHeaderLabels({tr("Symbol"), tr("Bars"), tr("Last day"), tr("Last close")});
     mSymbols->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     mSymbols->header()->setStretchLastSection(false);
     mSymbols->setSortingEnabled(true);
-    auto *hint = new QLabel(tr("Double-click a symbol to edit its stored quotes."), centre);
+    mSymbols->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto *hint = new QLabel(tr("Double-click a symbol to chart it."), side);
     hint->setObjectName(QStringLiteral("MainWindowHint"));
+    hint->setWordWrap(true);
+    auto *sideLayout = new QVBoxLayout(side);
+    sideLayout->setContentsMargins(6, 4, 0, 6);
+    sideLayout->addWidget(heading);
+    sideLayout->addWidget(mSymbols, 1);
+    sideLayout->addWidget(hint);
 
-    auto *layout = new QVBoxLayout(centre);
-    layout->addWidget(heading);
-    layout->addWidget(mSymbols, 1);
-    layout->addWidget(hint);
+    auto *centre = new QSplitter(Qt::Horizontal, this);
+    centre->setObjectName(QStringLiteral("MainWindowSplitter"));
+    centre->addWidget(side);
+    centre->addWidget(mViews);
+    centre->setStretchFactor(1, 1);
+    centre->setSizes({310, 970});
     setCentralWidget(centre);
 
     QMenu *tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(tr("Chart &Colours..."), mViews,
+                     &OrdaneView::ViewsContainer::showViewSettings);
     tools->addAction(tr("&Reminders..."), this, &MainWindow::slotReminders);
     tools->addAction(tr("Check for &Updates..."), this, &MainWindow::slotCheckUpdates);
     tools->addAction(tr("Go to data folder"), this, &MainWindow::slotGotoDataFolder);
@@ -60,13 +74,30 @@ MainWindow::MainWindow(QWidget *parent)
 
     statusBar()->showMessage(QDir::toNativeSeparators(OrdaneData::Home::path()));
 
-    connect(mSymbols, &QTreeWidget::itemDoubleClicked, this,
-            [this](QTreeWidgetItem *item) { editSymbol(item); });
+    connect(mSymbols, &QTreeWidget::itemActivated, this,
+            [this](QTreeWidgetItem *item) { mViews->slotFetchChartData(item->text(0)); });
+    connect(mSymbols, &QWidget::customContextMenuRequested, this, [this](const QPoint &pos) {
+        QTreeWidgetItem *item = mSymbols->itemAt(pos);
+        if (!item)
+            return;
+        QMenu menu;
+        const QString symbol = item->text(0);
+        menu.addAction(tr("&Chart"), this, [this, symbol] { mViews->slotFetchChartData(symbol); });
+        menu.addAction(tr("&Edit Quotes..."), this, [this, symbol] { editSymbol(symbol); });
+        menu.exec(mSymbols->viewport()->mapToGlobal(pos));
+    });
     if (auto *app = QMWidgets::App::instance())
         connect(app->reminders(), &QMWidgets::Reminders::remind, this, &MainWindow::showReminder);
 
     slotFillStoredSymbols();
-    resize(900, 600);
+    if (mSymbols->topLevelItemCount() > 0) {
+        // The first symbol of the default list when it is stored, else the first stored.
+        const auto found = mSymbols->findItems(QStringLiteral("ADS.DE"), Qt::MatchExactly);
+        QTreeWidgetItem *first = found.isEmpty() ? mSymbols->topLevelItem(0) : found.first();
+        mSymbols->setCurrentItem(first);
+        mViews->slotFetchChartData(first->text(0));
+    }
+    resize(1280, 760);
 }
 
 void MainWindow::slotFillStoredSymbols()
@@ -81,21 +112,28 @@ void MainWindow::slotFillStoredSymbols()
         item->setText(0, file.chopped(4));
         item->setData(1, Qt::DisplayRole, reader.count());
         if (!reader.isEmpty()) {
-            item->setText(2, reader.bar(0).date().toString(Qt::ISODate));
-            item->setText(3, reader.bars().constLast().date().toString(Qt::ISODate));
-            item->setText(4, QString::number(double(reader.bars().constLast().close()), 'f', 2));
+            item->setToolTip(0, tr("%1 bars from %2 to %3")
+                                    .arg(reader.count())
+                                    .arg(reader.bar(0).date().toString(Qt::ISODate),
+                                         reader.bars().constLast().date().toString(Qt::ISODate)));
+            item->setText(2, reader.bars().constLast().date().toString(Qt::ISODate));
+            item->setText(3, QString::number(double(reader.bars().constLast().close()), 'f', 2));
         }
-        for (int c = 1; c < 5; ++c)
+        for (int c = 1; c < 4; ++c)
             item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
     }
     mSymbols->sortByColumn(0, Qt::AscendingOrder);
 }
 
-void MainWindow::editSymbol(QTreeWidgetItem *item)
+void MainWindow::editSymbol(const QString &symbol)
 {
-    auto *dialog = new OrdaneData::EditCsvDialog(item->text(0), this);
+    auto *dialog = new OrdaneData::EditCsvDialog(symbol, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &OrdaneData::EditCsvDialog::saved, this, &MainWindow::slotFillStoredSymbols);
+    connect(dialog, &OrdaneData::EditCsvDialog::saved, this, [this](const QString &saved) {
+        if (!mViews->reader().isNull() && mViews->reader()->symbol() == saved)
+            mViews->slotFetchChartData();
+    });
     dialog->open();
 }
 

@@ -5,11 +5,14 @@
 class QTreeWidget;
 class QTreeWidgetItem;
 
+namespace OrdaneView {
+class ViewsContainer;
+}
+
 namespace Halcyra {
 
-// The program's one top-level window. For now it shows the stored symbols with their
-// extent and opens a symbol's file for editing; the chart work area and its docks
-// take its centre later.
+// The program's one top-level window: the stored symbols beside the chart area. A
+// double-click charts a symbol; its context menu edits the stored quotes.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -18,6 +21,7 @@ public:
     explicit MainWindow(QWidget *parent = nullptr);
 
     QTreeWidget *storedSymbols() const { return mSymbols; }
+    OrdaneView::ViewsContainer *viewsContainer() const { return mViews; }
 
 public slots:
     void slotFillStoredSymbols();
@@ -27,10 +31,11 @@ public slots:
     void slotCheckUpdates();
 
 private:
-    void editSymbol(QTreeWidgetItem *item);
+    void editSymbol(const QString &symbol);
     void showReminder(const QString &text);
 
     QTreeWidget *mSymbols;
+    OrdaneView::ViewsContainer *mViews;
 };
 
 } // namespace Halcyra

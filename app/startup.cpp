@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 #include "data/home.h"
 #include "widgets/app.h"
+#include "widgets/language.h"
 #include "widgets/reminders.h"
 #include "widgets/setting.h"
 #include "widgets/translationsmanager.h"
@@ -17,15 +18,6 @@
 #include <QSplashScreen>
 
 namespace Halcyra {
-
-QString chooseLanguage(const QString &value)
-{
-    for (const char *code : {"de", "ru", "es", "zh_CN"}) {
-        if (value.contains(QLatin1String(code)))
-            return QLatin1String(code);
-    }
-    return QStringLiteral("en");
-}
 
 QString loadStyleSheet()
 {
@@ -67,9 +59,7 @@ int run(int &argc, char **argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/app.png")));
 
     // 5. Language.
-    const QMWidgets::Setting<QString> language{QStringLiteral("Language"),
-                                               QLocale::system().name()};
-    app.translations()->install(chooseLanguage(language.value()));
+    app.translations()->install(QMWidgets::interfaceLanguage());
 
     // 6. Main window.
     MainWindow window;

@@ -4,11 +4,6 @@
 
 namespace Halcyra {
 
-// The interface language for a "Language" setting value (by default the system locale's
-// name, such as "de_DE"): the first of "de", "ru", "es", "zh_CN" that the value contains,
-// tested in that order and anywhere in the value; otherwise "en".
-QString chooseLanguage(const QString &value);
-
 // The application's style sheet: the resource ":/HCStyle/simple.qss" with every
 // "../HCStyle/" turned into ":/HCStyle/lowres/". Empty when the resource is missing.
 QString loadStyleSheet();

@@ -1,6 +1,6 @@
 #include "cli/command.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 
@@ -9,7 +9,10 @@ int main(int argc, char **argv)
     QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
     QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
     QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));
-    QCoreApplication app(argc, argv);
+    // Pictures need fonts, which need the GUI application, but never a display.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
 
     QTextStream out(stdout);
     QTextStream err(stderr);

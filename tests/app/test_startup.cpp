@@ -1,6 +1,7 @@
 // Start-up: the language choice, the style sheet and the translations it installs.
 
 #include "app/startup.h"
+#include "widgets/language.h"
 #include "widgets/setting.h"
 #include "widgets/translationsmanager.h"
 
@@ -57,15 +58,15 @@ void TestStartup::chooseLanguage_data()
 void TestStartup::chooseLanguage()
 {
     QFETCH(QString, value);
-    QTEST(Halcyra::chooseLanguage(value), "code");
+    QTEST(QMWidgets::chooseLanguage(value), "code");
 }
 
 void TestStartup::storedLanguageOverridesSystemLocale()
 {
     const QMWidgets::Setting<QString> language{QStringLiteral("Language"), QStringLiteral("de_DE")};
-    QCOMPARE(Halcyra::chooseLanguage(language.value()), QStringLiteral("de"));
+    QCOMPARE(QMWidgets::chooseLanguage(language.value()), QStringLiteral("de"));
     language.setValue(QStringLiteral("ru"));
-    QCOMPARE(Halcyra::chooseLanguage(language.value()), QStringLiteral("ru"));
+    QCOMPARE(QMWidgets::chooseLanguage(language.value()), QStringLiteral("ru"));
     language.reset();
 }
 

@@ -4,7 +4,9 @@
 #include "data/quotefile.h"
 #include "data/reader.h"
 
+#include <QImage>
 #include <QProcess>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -39,6 +41,7 @@ private slots:
     void barsPrintsTheStoredText();
     void barsAggregatesAndLimits();
     void barsFindsStoredSymbolsInTheHome();
+    void renderDrawsWithTheStoredColours();
     void realProcessReportsFailures();
 
 private:
@@ -50,6 +53,8 @@ private:
 void TestCli::initTestCase()
 {
     QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
+    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
     QStandardPaths::setTestModeEnabled(true);
     // Nothing here may fall through to the user's own home folder.
     qputenv("HALCYRA_HOME", mDir.filePath(QStringLiteral("home")).toLocal8Bit());
@@ -89,6 +94,14 @@ void TestCli::exitStatus_data()
     row("bars-missing-file", {S("--home"), mDir.path(), S("bars"), S("/nonexistent/X.csv")}, 1,
         "no such file");
     row("bars-ok", {S("bars"), file}, 0, "Date,Open,High,Low,Close,Volume,Adj Close");
+    const QString png = mDir.filePath(QStringLiteral("x.png"));
+    row("render-without-out", {S("render"), file}, 2, "--out PNG");
+    row("render-unknown-type", {S("render"), file, S("--out"), png, S("--type"), S("pie")}, 2,
+        "unknown type pie");
+    row("render-tiny-width", {S("render"), file, S("--out"), png, S("--width"), S("10")}, 2,
+        "--width");
+    row("render-unwritable", {S("render"), file, S("--out"), S("/nonexistent/x.png")}, 1,
+        "cannot write");
 }
 
 void TestCli::exitStatus()
@@ -142,6 +155,26 @@ void TestCli::barsFindsStoredSymbolsInTheHome()
     QVERIFY(QFileInfo::exists(home.filePath(QStringLiteral("Storage/ADS.DE.csv"))));
 }
 
+void TestCli::renderDrawsWithTheStoredColours()
+{
+    QSettings settings;
+    settings.setValue(QStringLiteral("ViewParameters/MarginBackground"), QStringLiteral("#123456"));
+    settings.setValue(QStringLiteral("ViewParameters/MarginBackground2"), QStringLiteral("#123456"));
+    const QString png = mDir.filePath(QStringLiteral("chart.png"));
+    for (const char *type : {"candle", "bar", "line", "empty"}) {
+        const Outcome r = runCli({QStringLiteral("render"), mFile, QStringLiteral("--out"), png,
+                                  QStringLiteral("--width"), QStringLiteral("400"),
+                                  QStringLiteral("--height"), QStringLiteral("300"),
+                                  QStringLiteral("--type"), QLatin1String(type)});
+        QCOMPARE(r.status, 0);
+        const QImage image(png);
+        QCOMPARE(image.size(), QSize(400, 300));
+        // The scale strip's right edge, clear of labels.
+        QCOMPARE(QColor(image.pixel(397, 150)), QColor(0x12, 0x34, 0x56));
+    }
+    settings.clear();
+}
+
 void TestCli::realProcessReportsFailures()
 {
     QProcess cli;
@@ -161,5 +194,5 @@ void TestCli::realProcessReportsFailures()
     QCOMPARE(cli.readAllStandardOutput(), QByteArray("halcyra-cli 2.0\n"));
 }
 
-QTEST_GUILESS_MAIN(TestCli)
+QTEST_MAIN(TestCli)
 #include "test_cli.moc"

@@ -249,6 +249,39 @@ QImage small(const std::function<void(QPainter &)> &paint)
     return image;
 }
 
+
+// Tool-strip icons, drawn at 20 x 20 in the muted colour with teal and coral accents.
+QImage toolIcon(const std::function<void(QPainter &)> &paint)
+{
+    QImage image = canvas(20, 20);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    paint(p);
+    return image;
+}
+
+void candleGlyph(QPainter &p, double x, double top, double bottom, double bodyTop,
+                 double bodyBottom, const QColor &c)
+{
+    p.setPen(QPen(c, 1.4, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(x, top), QPointF(x, bottom));
+    p.setPen(Qt::NoPen);
+    p.setBrush(c);
+    p.drawRoundedRect(QRectF(x - 2.2, bodyTop, 4.4, bodyBottom - bodyTop), 0.8, 0.8);
+}
+
+void magnifier(QPainter &p, bool plus)
+{
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(kText, 1.8));
+    p.drawEllipse(QPointF(8.5, 8.5), 5.5, 5.5);
+    p.setPen(QPen(kText, 2.4, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(12.8, 12.8), QPointF(17.5, 17.5));
+    p.setPen(QPen(kTeal, 1.8, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(6, 8.5), QPointF(11, 8.5));
+    if (plus)
+        p.drawLine(QPointF(8.5, 6), QPointF(8.5, 11));
+}
 } // namespace
 
 int main(int argc, char **argv)
@@ -363,5 +396,124 @@ int main(int argc, char **argv)
     for (const auto &picture : pictures)
         ok = ok && save(small(picture.paint),
                         style.filePath(QLatin1String(picture.name) + QLatin1String(".png")));
+
+    const QDir pix(out.filePath(QStringLiteral("pix")));
+    QDir().mkpath(pix.absolutePath());
+    // The pointer marker on a bar's close, and the pointer's mark on the date axis.
+    QImage marker = canvas(11, 11);
+    {
+        QPainter p(&marker);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(kAmber, 1.6));
+        p.setBrush(QColor(14, 21, 30, 160));
+        p.drawEllipse(QPointF(5.5, 5.5), 4.2, 4.2);
+        p.setPen(Qt::NoPen);
+        p.setBrush(kAmber);
+        p.drawEllipse(QPointF(5.5, 5.5), 1.4, 1.4);
+    }
+    ok = ok && save(marker, pix.filePath(QStringLiteral("marker.png")));
+    QImage pointer = canvas(9, 6);
+    {
+        QPainter p(&pointer);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(Qt::NoPen);
+        p.setBrush(kAmber);
+        p.drawPolygon(QPolygonF({QPointF(0, 0), QPointF(9, 0), QPointF(4.5, 6)}));
+    }
+    ok = ok && save(pointer, pix.filePath(QStringLiteral("pointer.png")));
+
+    const struct
+    {
+        const char *name;
+        std::function<void(QPainter &)> paint;
+    } tools[] = {
+        {"zoom_in", [](QPainter &p) { magnifier(p, true); }},
+        {"zoom_out", [](QPainter &p) { magnifier(p, false); }},
+        {"chart_candle",
+         [](QPainter &p) {
+             candleGlyph(p, 5, 3, 15, 6, 12, kTeal);
+             candleGlyph(p, 10, 5, 18, 9, 15, kCoral);
+             candleGlyph(p, 15, 2, 12, 4, 9, kTeal);
+         }},
+        {"chart_bar",
+         [](QPainter &p) {
+             const auto bar = [&](double x, double hi, double lo, double o, double c,
+                                  const QColor &col) {
+                 p.setPen(QPen(col, 1.6, Qt::SolidLine, Qt::FlatCap));
+                 p.drawLine(QPointF(x, hi), QPointF(x, lo));
+                 p.drawLine(QPointF(x - 3, o), QPointF(x, o));
+                 p.drawLine(QPointF(x, c), QPointF(x + 3, c));
+             };
+             bar(5, 4, 15, 12, 7, kTeal);
+             bar(10.5, 6, 18, 8, 15, kCoral);
+             bar(16, 2, 12, 10, 4, kTeal);
+         }},
+        {"chart_line",
+         [](QPainter &p) {
+             p.setPen(QPen(kTeal, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+             p.drawPolyline(QPolygonF({QPointF(2, 15), QPointF(7, 10), QPointF(11, 13),
+                                       QPointF(18, 4)}));
+         }},
+        {"chart_empty",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.4));
+             p.setBrush(Qt::NoBrush);
+             p.drawRoundedRect(QRectF(2.5, 3.5, 15, 13), 2, 2);
+             p.setPen(QPen(kMuted, 1.2, Qt::DotLine));
+             p.drawLine(QPointF(5, 10), QPointF(15, 10));
+         }},
+        {"grid",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.2));
+             for (double v : {3.5, 8.5, 13.5, 18.0}) {
+                 p.drawLine(QPointF(v, 2), QPointF(v, 18));
+                 p.drawLine(QPointF(2, v), QPointF(18, v));
+             }
+         }},
+        {"pointer_info",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.2, Qt::DotLine));
+             p.drawLine(QPointF(7, 1), QPointF(7, 19));
+             p.setPen(QPen(kAmber, 1.6));
+             p.setBrush(kDeep);
+             p.drawEllipse(QPointF(7, 10), 3, 3);
+             p.setPen(QPen(kText, 1));
+             p.setBrush(kRaised);
+             p.drawRoundedRect(QRectF(11.5, 3.5, 7, 9), 1.5, 1.5);
+         }},
+        {"separators",
+         [](QPainter &p) {
+             p.setPen(QPen(kMuted, 1.4, Qt::DashLine));
+             p.drawLine(QPointF(7, 2), QPointF(7, 18));
+             p.drawLine(QPointF(14, 2), QPointF(14, 18));
+             p.setPen(QPen(kTeal, 1.6, Qt::SolidLine, Qt::RoundCap));
+             p.drawPolyline(QPolygonF({QPointF(2, 13), QPointF(10, 9), QPointF(18, 6)}));
+         }},
+        {"picture",
+         [](QPainter &p) {
+             p.setPen(QPen(kText, 1.4));
+             p.setBrush(Qt::NoBrush);
+             p.drawRoundedRect(QRectF(2.5, 4.5, 15, 12), 2, 2);
+             p.setPen(Qt::NoPen);
+             p.setBrush(kTeal);
+             p.drawPolygon(QPolygonF({QPointF(4, 15), QPointF(9, 9), QPointF(12, 12),
+                                      QPointF(14, 10), QPointF(16.5, 15)}));
+             p.setBrush(kAmber);
+             p.drawEllipse(QPointF(13.5, 7.5), 1.4, 1.4);
+         }},
+        {"save_csv",
+         [](QPainter &p) {
+             p.setPen(QPen(kText, 1.4));
+             p.setBrush(Qt::NoBrush);
+             p.drawPolygon(QPolygonF({QPointF(4.5, 2.5), QPointF(12.5, 2.5), QPointF(16.5, 6.5),
+                                      QPointF(16.5, 17.5), QPointF(4.5, 17.5)}));
+             p.setPen(QPen(kTeal, 1.3));
+             for (double y : {8.0, 11.0, 14.0})
+                 p.drawLine(QPointF(7, y), QPointF(14, y));
+         }},
+    };
+    for (const auto &tool : tools)
+        ok = ok && save(toolIcon(tool.paint),
+                        pix.filePath(QLatin1String(tool.name) + QLatin1String(".png")));
     return ok ? 0 : 1;
 }

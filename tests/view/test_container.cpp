@@ -1,0 +1,260 @@
+// The chart area as a user drives it: the tool strip, frames, zoom, scrolling, the mini
+// view, saving, and the colour settings page.
+
+#include "data/home.h"
+#include "data/reader.h"
+#include "view/chartgeometry.h"
+#include "view/ui/chartview.h"
+#include "view/ui/miniview.h"
+#include "view/ui/viewoperationspanel.h"
+#include "view/ui/viewparameters.h"
+#include "view/ui/viewscontainer.h"
+
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QtTest>
+
+using namespace OrdaneView;
+
+namespace {
+void answerNextMessageBox(QString *text)
+{
+    QTimer::singleShot(0, [=] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return answerNextMessageBox(text);
+        *text = box->text();
+        box->accept();
+    });
+}
+} // namespace
+
+class TestContainer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void toolStripReachesItsSlots();
+    void framesAggregateAndFollowTheEnd();
+    void zoomKeepsTheNewestBarInView();
+    void positionAndMiniView();
+    void savesSeriesAndPicture();
+    void missingSymbolIsReported();
+    void settingsPage();
+
+private:
+    QToolButton *button(const char *name) const
+    {
+        return mContainer->panel()->findChild<QToolButton *>(QStringLiteral("ViewOperationsPanel") +
+                                                             QLatin1String(name));
+    }
+
+    QTemporaryDir mHome;
+    ViewsContainer *mContainer = nullptr;
+};
+
+void TestContainer::initTestCase()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
+    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    QSettings().clear();
+    QVERIFY(OrdaneData::Home::setPath(mHome.path()));
+    QVERIFY(OrdaneData::Home::prepare());
+}
+
+void TestContainer::init()
+{
+    mContainer = new ViewsContainer;
+    mContainer->resize(900, 600);
+    mContainer->show();
+    QVERIFY(QTest::qWaitForWindowExposed(mContainer));
+    mContainer->slotFetchChartData(QStringLiteral("MSFT"));
+}
+
+void TestContainer::cleanup()
+{
+    delete mContainer;
+    QSettings().clear();
+}
+
+void TestContainer::toolStripReachesItsSlots()
+{
+    ChartView *chart = mContainer->chartView();
+    const struct
+    {
+        const char *button;
+        ChartType type;
+    } types[] = {{"Bar", ChartType::Bar},
+                 {"Line", ChartType::Line},
+                 {"Empty", ChartType::Empty},
+                 {"Candle", ChartType::Candle}};
+    for (const auto &t : types) {
+        button(t.button)->click();
+        QCOMPARE(chart->chartType(), t.type);
+        QVERIFY(chart->priceLayer()->isMaster());
+        QVERIFY(chart->priceLayer()->label().startsWith(QStringLiteral("MSFT")));
+    }
+
+    button("ZoomIn")->click();
+    QCOMPARE(mContainer->geometry()->zoom(), 16);
+    button("ZoomOut")->click();
+    button("ZoomOut")->click();
+    QCOMPARE(mContainer->geometry()->zoom(), 4);
+
+    button("Grid")->click();
+    QVERIFY(chart->canvas()->hasGrid());
+    QVERIFY(button("Grid")->isChecked());
+    button("Pointer")->click();
+    QVERIFY(chart->canvas()->pointerInfoMode());
+    button("Pointer")->click();
+    QVERIFY(!chart->canvas()->pointerInfoMode());
+
+    const QList<QAction *> separators = button("Separators")->menu()->actions();
+    QCOMPARE(separators.size(), 5);
+    separators.at(3)->trigger();
+    QCOMPARE(chart->canvas()->separatorMode(), SeparatorMode::Quarter);
+    separators.at(0)->trigger();
+    QCOMPARE(chart->canvas()->separatorMode(), SeparatorMode::None);
+}
+
+void TestContainer::framesAggregateAndFollowTheEnd()
+{
+    const int days = mContainer->reader()->count();
+    const struct
+    {
+        const char *button;
+        int frame;
+        const char *label;
+    } frames[] = {{"Week", 1, "Weekly"},
+                  {"Month", 2, "Monthly"},
+                  {"Quarter", 3, "Quarterly"},
+                  {"Year", 4, "Yearly"},
+                  {"Day", 0, "Daily"}};
+    int previous = days;
+    for (const auto &f : frames) {
+        button(f.button)->click();
+        QCOMPARE(mContainer->timeFrame(), f.frame);
+        QCOMPARE(mContainer->reader()->timeFrame(), f.frame);
+        QVERIFY(mContainer->chartView()->priceLayer()->label().endsWith(QLatin1String(f.label)));
+        if (f.frame > 0)
+            QVERIFY(mContainer->reader()->count() < previous);
+        previous = mContainer->reader()->count();
+        // The newest bar stays in view.
+        const int plot = mContainer->chartView()->canvas()->plotWidth();
+        QCOMPARE(mContainer->geometry()->firstVisible(),
+                 mContainer->geometry()->lastPage(plot, mContainer->reader()->count()));
+    }
+    QCOMPARE(mContainer->reader()->count(), days);
+}
+
+void TestContainer::zoomKeepsTheNewestBarInView()
+{
+    ChartGeometry *g = mContainer->geometry();
+    const int plot = mContainer->chartView()->canvas()->plotWidth();
+    // Scrolled back: the bar at the right edge stays there.
+    mContainer->slotSetPosition(1000);
+    const int end = g->firstVisible() + g->visibleCount(plot, mContainer->reader()->count());
+    mContainer->slotZoomIn();
+    QCOMPARE(g->firstVisible() + g->visibleCount(plot, mContainer->reader()->count()), end);
+    mContainer->slotZoomOut();
+    QCOMPARE(g->firstVisible() + g->visibleCount(plot, mContainer->reader()->count()), end);
+}
+
+void TestContainer::positionAndMiniView()
+{
+    mContainer->slotSetPosition(-25);
+    QCOMPARE(mContainer->geometry()->firstVisible(), 0);
+    MiniView *mini = mContainer->miniView();
+    const int count = mContainer->reader()->count();
+    const int visible =
+        mContainer->geometry()->visibleCount(mContainer->chartView()->canvas()->plotWidth(), count);
+    QTest::mouseClick(mini, Qt::LeftButton, {}, QPoint(mini->width() / 2, 20));
+    QCOMPARE(mContainer->geometry()->firstVisible(), count / 2 - visible / 2);
+    QTest::mouseClick(mini, Qt::LeftButton, {}, QPoint(mini->width() - 1, 20));
+    QCOMPARE(mContainer->geometry()->firstVisible(), count - visible);
+
+    // Measuring with the right button does not move the chart.
+    QTest::mousePress(mini, Qt::RightButton, {}, QPoint(10, 20));
+    QTest::mouseMove(mini, QPoint(mini->width() / 2, 20));
+    QVERIFY(mini->readOut().startsWith(QStringLiteral("Price:\t")));
+    QVERIFY(mini->readOut().contains(QStringLiteral("\nDifference:\t")));
+    QTest::mouseRelease(mini, Qt::RightButton, {}, QPoint(mini->width() / 2, 20));
+    QCOMPARE(mContainer->geometry()->firstVisible(), count - visible);
+}
+
+void TestContainer::savesSeriesAndPicture()
+{
+    QTemporaryDir out;
+    mContainer->slotSetMonthFrameMode();
+    const QString csv = out.filePath(QStringLiteral("MSFT-months.csv"));
+    QVERIFY(mContainer->saveCsv(csv));
+    OrdaneData::Reader months;
+    QVERIFY(months.loadFile(csv));
+    QCOMPARE(months.bars(), mContainer->reader()->bars());
+
+    const QString png = out.filePath(QStringLiteral("chart.png"));
+    QVERIFY(mContainer->savePicture(png));
+    const QImage picture(png);
+    QVERIFY(!picture.isNull());
+    QCOMPARE(picture.width(), mContainer->chartView()->width());
+
+    QString error;
+    QVERIFY(!mContainer->saveCsv(out.filePath(QStringLiteral("missing/x.csv")), &error));
+    QVERIFY(!error.isEmpty());
+}
+
+void TestContainer::missingSymbolIsReported()
+{
+    const OrdaneData::ReaderH before = mContainer->reader();
+    QString text;
+    answerNextMessageBox(&text);
+    mContainer->slotFetchChartData(QStringLiteral("NOPE"));
+    QCOMPARE(text, QStringLiteral("There are no stored quotes for NOPE."));
+    QCOMPARE(mContainer->reader(), before);
+}
+
+void TestContainer::settingsPage()
+{
+    ViewSettings settings;
+    ViewParameters *page = settings.parameters();
+    auto *schemes = page->findChild<QToolButton *>(QStringLiteral("ViewParametersSchemes"));
+    QStringList entries;
+    for (QAction *a : schemes->menu()->actions())
+        entries << a->text();
+    QCOMPARE(entries, (QStringList{QStringLiteral("Halcyra2 (default)"), QStringLiteral("Matrix"),
+                                   QStringLiteral("Black On White")}));
+
+    QSignalSpy changed(page, &ViewParameters::parametersChanged);
+    schemes->menu()->actions().at(2)->trigger();
+    QCOMPARE(page->colors(), ViewColors::scheme(ViewColors::BlackOnWhite));
+    page->slotSetPinkColors();
+    QCOMPARE(page->colors(), ViewColors::scheme(ViewColors::Pink));
+    QCOMPARE(changed.count(), 2);
+    // Nothing is stored until the page is applied.
+    QCOMPARE(ViewColors::load(), ViewColors::fallback());
+    settings.slotApply();
+    QCOMPARE(ViewColors::load(), ViewColors::scheme(ViewColors::Pink));
+    mContainer->slotUpdate();
+    QCOMPARE(mContainer->chartView()->canvas()->colors(), ViewColors::scheme(ViewColors::Pink));
+
+    // Reset writes its own palette straight into the store, and a page opened afterwards
+    // shows it.
+    QSignalSpy applied(&settings, &ViewSettings::applied);
+    page->findChild<QPushButton *>(QStringLiteral("ViewParametersReset"))->click();
+    QCOMPARE(applied.count(), 1);
+    ViewParameters reopened;
+    QCOMPARE(reopened.colors().background, QColor(Qt::darkBlue));
+    QCOMPARE(reopened.colors().line, QColor(Qt::white));
+}
+
+QTEST_MAIN(TestContainer)
+#include "test_container.moc"

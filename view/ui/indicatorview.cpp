@@ -1,0 +1,17 @@
+#include "indicatorview.h"
+
+namespace OrdaneView {
+
+IndicatorView::IndicatorView(ChartGeometry *geometry, QWidget *parent)
+    : View(geometry, parent)
+{
+    setObjectName(QStringLiteral("IndicatorView"));
+}
+
+void IndicatorView::slotReaderDataChanged()
+{
+    update();
+    emit dataChanged();
+}
+
+} // namespace OrdaneView

@@ -1,0 +1,168 @@
+#include "view.h"
+
+#include "data/reader.h"
+#include "view/chartgeometry.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPainter>
+
+namespace OrdaneView {
+
+View::View(ChartGeometry *geometry, QWidget *parent)
+    : QWidget(parent)
+    , mCanvas(new ViewCanvas(geometry, this))
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::WheelFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(120, 60);
+    connect(mCanvas, &ViewCanvas::drawFinished, this, &View::drawFinished);
+}
+
+View::~View() = default;
+
+ChartGeometry *View::geometry() const
+{
+    return mCanvas->geometry();
+}
+
+void View::setReader(const OrdaneData::ReaderH &reader)
+{
+    mCanvas->setReader(reader);
+    update();
+}
+
+void View::slotGrid()
+{
+    mCanvas->setGrid(!mCanvas->hasGrid());
+    update();
+}
+
+void View::slotProperties()
+{
+    emit propertiesRequested();
+}
+
+void View::slotRefresh()
+{
+    update();
+}
+
+void View::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    mCanvas->setSize(size());
+    mCanvas->paint(painter);
+}
+
+void View::resizeEvent(QResizeEvent *event)
+{
+    mCanvas->setSize(size());
+    QWidget::resizeEvent(event);
+}
+
+void View::mouseMoveEvent(QMouseEvent *event)
+{
+    const int x = event->pos().x();
+    if (mDragX >= 0) {
+        geometry()->setFirstVisible(mDragFirst + (mDragX - x) / geometry()->zoom());
+        return;
+    }
+    geometry()->setPointerX(x < mCanvas->plotWidth() ? x : -1);
+}
+
+void View::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton) {
+        mDragX = event->pos().x();
+        mDragFirst = geometry()->firstVisible();
+        setCursor(Qt::ClosedHandCursor);
+    }
+    QWidget::mousePressEvent(event);
+}
+
+void View::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && mDragX >= 0) {
+        mDragX = -1;
+        unsetCursor();
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+void View::leaveEvent(QEvent *event)
+{
+    geometry()->setPointerX(-1);
+    QWidget::leaveEvent(event);
+}
+
+void View::wheelEvent(QWheelEvent *event)
+{
+    const int steps = event->angleDelta().y() / 120;
+    if (steps == 0)
+        return;
+    if (event->modifiers() & Qt::ControlModifier)
+        emit zoomRequested(steps > 0 ? 1 : -1);
+    else
+        scrollBy(-steps * std::max(1, 40 / geometry()->zoom()));
+    event->accept();
+}
+
+void View::keyPressEvent(QKeyEvent *event)
+{
+    const int page = std::max(1, mCanvas->plotWidth() / geometry()->zoom());
+    const int count = mCanvas->reader().isNull() ? 0 : mCanvas->reader()->count();
+    switch (event->key()) {
+    case Qt::Key_Left:
+        scrollBy(-1);
+        break;
+    case Qt::Key_Right:
+        scrollBy(1);
+        break;
+    case Qt::Key_PageUp:
+        scrollBy(-page);
+        break;
+    case Qt::Key_PageDown:
+        scrollBy(page);
+        break;
+    case Qt::Key_Home:
+        geometry()->setFirstVisible(0);
+        break;
+    case Qt::Key_End:
+        geometry()->setFirstVisible(geometry()->lastPage(mCanvas->plotWidth(), count));
+        break;
+    case Qt::Key_Plus:
+        emit zoomRequested(1);
+        break;
+    case Qt::Key_Minus:
+        emit zoomRequested(-1);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void View::scrollBy(int bars)
+{
+    const int count = mCanvas->reader().isNull() ? 0 : mCanvas->reader()->count();
+    const int last = geometry()->lastPage(mCanvas->plotWidth(), count);
+    geometry()->setFirstVisible(std::min(geometry()->firstVisible() + bars, last));
+}
+
+void View::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu(this);
+    addMenuEntries(menu);
+    QAction *grid = menu.addAction(tr("&Grid"), this, &View::slotGrid);
+    grid->setCheckable(true);
+    grid->setChecked(mCanvas->hasGrid());
+    menu.exec(event->globalPos());
+}
+
+void View::addMenuEntries(QMenu &menu)
+{
+    menu.addAction(tr("&Properties"), this, &View::slotProperties);
+}
+
+} // namespace OrdaneView

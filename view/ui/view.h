@@ -1,0 +1,64 @@
+#pragma once
+
+#include "data/readerh.h"
+#include "view/viewcanvas.h"
+
+#include <QWidget>
+
+class QMenu;
+
+namespace OrdaneView {
+
+class ChartGeometry;
+
+// A view on screen: a widget that shows one canvas (its layers over the shared series and
+// geometry) and turns the mouse and keys into pointer moves, scrolling and zooming.
+//
+// Dragging with the left button pans the chart; the wheel scrolls, with Ctrl it zooms;
+// the arrow keys scroll by a bar, Page Up/Down by a screen, Home and End jump to the ends.
+class View : public QWidget
+{
+    Q_OBJECT
+
+public:
+    View(ChartGeometry *geometry, QWidget *parent = nullptr);
+    ~View() override;
+
+    ViewCanvas *canvas() const { return mCanvas; }
+    ChartGeometry *geometry() const;
+    void setReader(const OrdaneData::ReaderH &reader);
+
+signals:
+    void drawFinished();
+    // Asks the container to zoom in (1) or out (-1) for all views.
+    void zoomRequested(int direction);
+    // Asks the container for the settings of this view.
+    void propertiesRequested();
+
+public slots:
+    void slotGrid();
+    void slotProperties();
+    void slotRefresh();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+    // Entries a subclass adds to the context menu.
+    virtual void addMenuEntries(QMenu &menu);
+    void scrollBy(int bars);
+
+private:
+    ViewCanvas *mCanvas;
+    int mDragX = -1;
+    int mDragFirst = 0;
+};
+
+} // namespace OrdaneView

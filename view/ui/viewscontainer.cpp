@@ -1,0 +1,482 @@
+#include "viewscontainer.h"
+
+#include "chartview.h"
+#include "data/quotefile.h"
+#include "data/reader.h"
+#include "datetimeview.h"
+#include "miniview.h"
+#include "scrollbarview.h"
+#include "view/chartgeometry.h"
+#include "view/dateaxis.h"
+#include "viewoperationspanel.h"
+#include "viewparameters.h"
+#include "widgets/language.h"
+#include "widgets/setting.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QSaveFile>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace OrdaneView {
+
+namespace {
+const QMWidgets::Setting<QString> kLastFolder{QStringLiteral("ViewsContainer/LastFolder"),
+                                              QDir::homePath()};
+
+const char *const kFrameNames[] = {
+    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Daily"),
+    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Weekly"),
+    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Monthly"),
+    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Quarterly"),
+    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Yearly"),
+};
+} // namespace
+
+ViewsContainer::ViewsContainer(QWidget *parent)
+    : QWidget(parent)
+    , mGeometry(new ChartGeometry(this))
+    , mSource(new OrdaneData::StorageSource(this))
+    , mPanel(new ViewOperationsPanel(this))
+    , mChartArea(new QWidget(this))
+    , mSplitter(new QSplitter(Qt::Vertical, mChartArea))
+    , mChart(new ChartView(mGeometry, mSplitter))
+    , mAxis(new DateTimeView(mChart->canvas(), mChartArea))
+    , mScroll(new ScrollBarView(this))
+    , mMini(new MiniView(mChart->canvas(), this))
+{
+    setObjectName(QStringLiteral("ViewsContainer"));
+    mSplitter->setObjectName(QStringLiteral("ViewsContainerSplitter"));
+    mSplitter->setChildrenCollapsible(false);
+    mSplitter->setHandleWidth(4);
+    mSplitter->addWidget(mChart);
+
+    auto *area = new QVBoxLayout(mChartArea);
+    area->setContentsMargins(0, 0, 0, 0);
+    area->setSpacing(0);
+    area->addWidget(mSplitter, 1);
+    area->addWidget(mAxis);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(mPanel);
+    layout->addWidget(mChartArea, 1);
+    layout->addWidget(mScroll);
+    layout->addWidget(mMini);
+
+    // One signal, one slot.
+    connect(mPanel, &ViewOperationsPanel::zoomOut, this, &ViewsContainer::slotZoomOut);
+    connect(mPanel, &ViewOperationsPanel::zoomIn, this, &ViewsContainer::slotZoomIn);
+    connect(mPanel, &ViewOperationsPanel::candleChart, this, &ViewsContainer::slotSetCandle);
+    connect(mPanel, &ViewOperationsPanel::lineChart, this, &ViewsContainer::slotSetLine);
+    connect(mPanel, &ViewOperationsPanel::barChart, this, &ViewsContainer::slotSetBar);
+    connect(mPanel, &ViewOperationsPanel::emptyChart, this, &ViewsContainer::slotSetEmpty);
+    connect(mPanel, &ViewOperationsPanel::grid, this, &ViewsContainer::slotGrid);
+    connect(mPanel, &ViewOperationsPanel::dayFrameMode, this, &ViewsContainer::slotSetDayFrameMode);
+    connect(mPanel, &ViewOperationsPanel::weekFrameMode, this,
+            &ViewsContainer::slotSetWeekFrameMode);
+    connect(mPanel, &ViewOperationsPanel::monthFrameMode, this,
+            &ViewsContainer::slotSetMonthFrameMode);
+    connect(mPanel, &ViewOperationsPanel::quartalFrameMode, this,
+            &ViewsContainer::slotSetQuartalFrameMode);
+    connect(mPanel, &ViewOperationsPanel::yearFrameMode, this,
+            &ViewsContainer::slotSetYearFrameMode);
+    connect(mPanel, &ViewOperationsPanel::pointerMode, this,
+            &ViewsContainer::slotTriggerPointerInfoMode);
+    connect(mPanel, &ViewOperationsPanel::noneSeparator, this,
+            &ViewsContainer::slotNonSeparatorMode);
+    connect(mPanel, &ViewOperationsPanel::weekSeparator, this,
+            &ViewsContainer::slotWeekSeparatorMode);
+    connect(mPanel, &ViewOperationsPanel::monthSeparator, this,
+            &ViewsContainer::slotMonthSeparatorMode);
+    connect(mPanel, &ViewOperationsPanel::quartalSeparator, this,
+            &ViewsContainer::slotQuartalSeparatorMode);
+    connect(mPanel, &ViewOperationsPanel::yearSeparator, this,
+            &ViewsContainer::slotYearSeparatorMode);
+    connect(mPanel, &ViewOperationsPanel::takePicture, this, &ViewsContainer::slotTakePicture);
+    connect(mPanel, &ViewOperationsPanel::saveCsv, this, &ViewsContainer::slotSaveCsv);
+
+    connect(mScroll, &ScrollBarView::valueChanged, this, &ViewsContainer::slotSetPosition);
+    connect(mMini, &MiniView::positionChanged, this, &ViewsContainer::slotChangePositon);
+    connect(mGeometry, &ChartGeometry::changed, this, &ViewsContainer::geometryChanged);
+    connect(mGeometry, &ChartGeometry::pointerMoved, this, [this] {
+        mAxis->update();
+        if (mChart->canvas()->pointerInfoMode())
+            for (View *v : views())
+                v->update();
+    });
+    connect(mChart, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
+    connect(mChart, &View::propertiesRequested, this, &ViewsContainer::showViewSettings);
+    connect(mChart, &ChartView::dataChanged, mMini, qOverload<>(&QWidget::update));
+    mChart->installEventFilter(this);
+
+    slotUpdate();
+}
+
+ViewsContainer::~ViewsContainer() = default;
+
+QList<View *> ViewsContainer::views() const
+{
+    QList<View *> result;
+    for (int i = 0; i < mSplitter->count(); ++i)
+        if (auto *v = qobject_cast<View *>(mSplitter->widget(i)))
+            result.append(v);
+    return result;
+}
+
+int ViewsContainer::barCount() const
+{
+    return mReader.isNull() ? 0 : mReader->count();
+}
+
+void ViewsContainer::updateAll()
+{
+    for (View *v : views())
+        v->update();
+    mAxis->update();
+    mMini->update();
+    mScroll->sync(mGeometry->firstVisible(),
+                  mGeometry->visibleCount(mChart->canvas()->plotWidth(), barCount()), barCount());
+}
+
+void ViewsContainer::geometryChanged()
+{
+    const int plot = mChart->canvas()->plotWidth();
+    mAtEnd = mGeometry->firstVisible() >= mGeometry->lastPage(plot, barCount());
+    updateAll();
+}
+
+void ViewsContainer::followEnd()
+{
+    mGeometry->setFirstVisible(mGeometry->lastPage(mChart->canvas()->plotWidth(), barCount()));
+    mAtEnd = true;
+    updateAll();
+}
+
+bool ViewsContainer::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == mChart && event->type() == QEvent::Resize) {
+        mChart->canvas()->setSize(mChart->size());
+        if (mAtEnd)
+            followEnd();
+        else
+            updateAll();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ViewsContainer::updateLabel()
+{
+    if (mReader.isNull())
+        return;
+    mChart->priceLayer()->setLabel(
+        QStringLiteral("%1  %2").arg(mReader->symbol(), tr(kFrameNames[mFrame])));
+}
+
+void ViewsContainer::slotSetReader(OrdaneData::ReaderH reader)
+{
+    if (!mReader.isNull())
+        disconnect(mReader.reader(), nullptr, this, nullptr);
+    mReader = std::move(reader);
+    mFrame = mReader.isNull() ? 0 : mReader->timeFrame();
+    for (View *v : views())
+        v->setReader(mReader);
+    if (!mReader.isNull())
+        connect(mReader.reader(), &OrdaneData::Reader::dataChanged, this,
+                &ViewsContainer::slotReaderDataChanged);
+    mPanel->showTimeFrame(mFrame);
+    updateLabel();
+    followEnd();
+}
+
+void ViewsContainer::slotFetchChartData(const QString &symbol)
+{
+    OrdaneData::ReaderH reader(new OrdaneData::Reader(mSource));
+    reader->setSymbol(symbol);
+    if (reader->isEmpty()) {
+        QMessageBox::warning(this, tr("Chart"),
+                             tr("There are no stored quotes for %1.").arg(symbol));
+        return;
+    }
+    slotSetReader(reader);
+}
+
+void ViewsContainer::slotFetchChartData()
+{
+    if (mReader.isNull())
+        return;
+    QSignalBlocker blocker(mReader.reader());
+    mReader->fetchSymbol(mReader->symbol());
+    if (mFrame != OrdaneData::Day)
+        mReader->setTimeFrame(mFrame);
+    blocker.unblock();
+    emit mReader->dataChanged();
+}
+
+void ViewsContainer::slotReaderDataChanged()
+{
+    for (View *v : views())
+        if (auto *chart = qobject_cast<ChartView *>(v))
+            chart->slotReaderDataChanged();
+        else
+            v->update();
+    if (mAtEnd)
+        followEnd();
+    else
+        updateAll();
+}
+
+void ViewsContainer::zoom(bool in)
+{
+    const int plot = mChart->canvas()->plotWidth();
+    const int end = mGeometry->firstVisible() + mGeometry->visibleCount(plot, barCount());
+    const bool wasAtEnd = mAtEnd;
+    QSignalBlocker blocker(mGeometry);
+    if (!(in ? mGeometry->zoomIn() : mGeometry->zoomOut()))
+        return;
+    // Keep the newest shown bar at the right edge.
+    mGeometry->setFirstVisible(end - std::max(plot, 0) / mGeometry->zoom());
+    blocker.unblock();
+    if (wasAtEnd)
+        followEnd();
+    else
+        geometryChanged();
+}
+
+void ViewsContainer::slotZoomIn()
+{
+    zoom(true);
+}
+
+void ViewsContainer::slotZoomOut()
+{
+    zoom(false);
+}
+
+void ViewsContainer::slotUpdate()
+{
+    const ViewColors colors = ViewColors::load();
+    const QLocale locale = QMWidgets::interfaceLocale();
+    for (View *v : views()) {
+        v->canvas()->setColors(colors);
+        v->canvas()->setLocale(locale);
+    }
+    updateAll();
+}
+
+void ViewsContainer::slotSetCandle()
+{
+    mChart->slotSetCandle();
+    mPanel->showChartType(ChartType::Candle);
+}
+
+void ViewsContainer::slotSetLine()
+{
+    mChart->slotSetLine();
+    mPanel->showChartType(ChartType::Line);
+}
+
+void ViewsContainer::slotSetBar()
+{
+    mChart->slotSetBar();
+    mPanel->showChartType(ChartType::Bar);
+}
+
+void ViewsContainer::slotSetEmpty()
+{
+    mChart->slotSetEmpty();
+    mPanel->showChartType(ChartType::Empty);
+}
+
+void ViewsContainer::slotSetPosition(int position)
+{
+    mGeometry->setFirstVisible(position);
+}
+
+void ViewsContainer::slotChangePositon()
+{
+    slotSetPosition(mMini->requestedPosition());
+}
+
+void ViewsContainer::slotTriggerPointerInfoMode()
+{
+    const bool on = !mChart->canvas()->pointerInfoMode();
+    for (View *v : views())
+        v->canvas()->setPointerInfoMode(on);
+    mPanel->showPointerMode(on);
+    updateAll();
+}
+
+void ViewsContainer::slotGrid()
+{
+    const bool on = !mChart->canvas()->hasGrid();
+    for (View *v : views())
+        v->canvas()->setGrid(on);
+    mPanel->showGrid(on);
+    updateAll();
+}
+
+void ViewsContainer::setFrame(int frame)
+{
+    mFrame = frame;
+    mPanel->showTimeFrame(frame);
+    if (mReader.isNull())
+        return;
+    {
+        const QSignalBlocker blocker(mReader.reader());
+        mReader->setTimeFrame(frame);
+    }
+    updateLabel();
+    mAtEnd = true;
+    emit mReader->dataChanged();
+}
+
+void ViewsContainer::slotSetDayFrameMode()
+{
+    setFrame(OrdaneData::Day);
+}
+
+void ViewsContainer::slotSetWeekFrameMode()
+{
+    setFrame(OrdaneData::Week);
+}
+
+void ViewsContainer::slotSetMonthFrameMode()
+{
+    setFrame(OrdaneData::Month);
+}
+
+void ViewsContainer::slotSetQuartalFrameMode()
+{
+    setFrame(OrdaneData::Quarter);
+}
+
+void ViewsContainer::slotSetYearFrameMode()
+{
+    setFrame(OrdaneData::Year);
+}
+
+void ViewsContainer::setSeparators(SeparatorMode mode)
+{
+    for (View *v : views())
+        v->canvas()->setSeparatorMode(mode);
+    mPanel->showSeparatorMode(mode);
+    updateAll();
+}
+
+void ViewsContainer::slotNonSeparatorMode()
+{
+    setSeparators(SeparatorMode::None);
+}
+
+void ViewsContainer::slotWeekSeparatorMode()
+{
+    setSeparators(SeparatorMode::Week);
+}
+
+void ViewsContainer::slotMonthSeparatorMode()
+{
+    setSeparators(SeparatorMode::Month);
+}
+
+void ViewsContainer::slotQuartalSeparatorMode()
+{
+    setSeparators(SeparatorMode::Quarter);
+}
+
+void ViewsContainer::slotYearSeparatorMode()
+{
+    setSeparators(SeparatorMode::Year);
+}
+
+QImage ViewsContainer::picture()
+{
+    return mChartArea->grab().toImage();
+}
+
+bool ViewsContainer::savePicture(const QString &path, QString *error)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && picture().save(&file, "PNG") && file.commit())
+        return true;
+    if (error)
+        *error = file.errorString();
+    return false;
+}
+
+bool ViewsContainer::saveCsv(const QString &path, QString *error)
+{
+    if (mReader.isNull()) {
+        if (error)
+            *error = tr("No chart is shown.");
+        return false;
+    }
+    return OrdaneData::writeText(path, OrdaneData::seriesToText(*mReader), error);
+}
+
+QString ViewsContainer::lastFolder() const
+{
+    return kLastFolder.value();
+}
+
+void ViewsContainer::rememberFolder(const QString &path)
+{
+    kLastFolder.setValue(QFileInfo(path).absolutePath());
+}
+
+void ViewsContainer::slotTakePicture()
+{
+    const QString name = mReader.isNull() ? QStringLiteral("chart") : mReader->symbol();
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save Picture"), lastFolder() + QLatin1Char('/') + name + QStringLiteral(".png"),
+        tr("PNG pictures (*.png)"));
+    if (path.isEmpty())
+        return;
+    rememberFolder(path);
+    QString error;
+    if (!savePicture(path, &error))
+        QMessageBox::warning(this, tr("Save Picture"),
+                             tr("The picture could not be saved: %1").arg(error));
+}
+
+void ViewsContainer::slotSaveCsv()
+{
+    if (mReader.isNull())
+        return;
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save CSV"),
+        lastFolder() + QLatin1Char('/') + mReader->symbol() + QStringLiteral(".csv"),
+        tr("CSV files (*.csv)"));
+    if (path.isEmpty())
+        return;
+    rememberFolder(path);
+    QString error;
+    if (!saveCsv(path, &error))
+        QMessageBox::warning(this, tr("Save CSV"),
+                             tr("The quotes could not be saved: %1").arg(error));
+}
+
+void ViewsContainer::showViewSettings()
+{
+    QDialog dialog(this);
+    dialog.setWindowTitle(tr("Chart Colours"));
+    auto *settings = new ViewSettings(&dialog);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+    connect(buttons, &QDialogButtonBox::accepted, settings, &ViewSettings::slotApply);
+    connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    connect(settings, &ViewSettings::applied, this, &ViewsContainer::slotUpdate);
+    auto *layout = new QVBoxLayout(&dialog);
+    layout->addWidget(settings);
+    layout->addWidget(buttons);
+    dialog.exec();
+}
+
+} // namespace OrdaneView
