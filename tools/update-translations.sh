@@ -6,9 +6,12 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 LUPDATE=$(command -v lupdate-qt5 || command -v lupdate || echo /usr/lib/qt5/bin/lupdate)
+program=()
+for dir in app data view indicators browser; do
+    [ -d "$dir" ] && program+=("$dir")
+done
 for code in de ru; do
-    "$LUPDATE" -silent -locations none -no-obsolete app data browser view indicators \
-        -ts "resources/translations/Halcyra2_$code.ts" 2>/dev/null ||
-        "$LUPDATE" -silent -locations none -no-obsolete app data -ts "resources/translations/Halcyra2_$code.ts"
+    "$LUPDATE" -silent -locations none -no-obsolete "${program[@]}" \
+        -ts "resources/translations/Halcyra2_$code.ts"
     "$LUPDATE" -silent -locations none -no-obsolete widgets -ts "resources/translations/libs_$code.ts"
 done

@@ -16,20 +16,12 @@
         <translation>Balken</translation>
     </message>
     <message>
-        <source>First day</source>
-        <translation>Erster Tag</translation>
-    </message>
-    <message>
         <source>Last day</source>
         <translation>Letzter Tag</translation>
     </message>
     <message>
         <source>Last close</source>
         <translation>Letzter Schluss</translation>
-    </message>
-    <message>
-        <source>Double-click a symbol to edit its stored quotes.</source>
-        <translation>Doppelklicken Sie auf ein Symbol, um seine gespeicherten Kurse zu bearbeiten.</translation>
     </message>
     <message>
         <source>&amp;Tools</source>
@@ -71,6 +63,26 @@
         <source>Reminder</source>
         <translation>Erinnerung</translation>
     </message>
+    <message>
+        <source>Double-click a symbol to chart it.</source>
+        <translation>Doppelklicken Sie auf ein Symbol, um es im Chart zu zeigen.</translation>
+    </message>
+    <message>
+        <source>Chart &amp;Colours...</source>
+        <translation>Chart-&amp;Farben...</translation>
+    </message>
+    <message>
+        <source>&amp;Chart</source>
+        <translation>&amp;Chart</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Quotes...</source>
+        <translation>Kurse &amp;bearbeiten...</translation>
+    </message>
+    <message>
+        <source>%1 bars from %2 to %3</source>
+        <translation>%1 Balken vom %2 bis %3</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneData::EditCsvDialog</name>
@@ -101,6 +113,276 @@
     <message>
         <source> was successfully saved</source>
         <translation> wurden erfolgreich gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::MiniView</name>
+    <message>
+        <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
+        <translation>Die ganze Reihe. Klicken oder ziehen verschiebt den Chart; mit der rechten Taste ziehen misst.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::View</name>
+    <message>
+        <source>&amp;Grid</source>
+        <translation>&amp;Gitter</translation>
+    </message>
+    <message>
+        <source>&amp;Properties</source>
+        <translation>&amp;Eigenschaften</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewOperationsPanel</name>
+    <message>
+        <source>Zoom in (+)</source>
+        <translation>Vergrößern (+)</translation>
+    </message>
+    <message>
+        <source>Zoom out (-)</source>
+        <translation>Verkleinern (-)</translation>
+    </message>
+    <message>
+        <source>Candles</source>
+        <translation>Kerzen</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Balken</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>No price chart</source>
+        <translation>Kein Kurschart</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>T</translation>
+    </message>
+    <message>
+        <source>Daily bars</source>
+        <translation>Tagesbalken</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <translation>W</translation>
+    </message>
+    <message>
+        <source>Weekly bars</source>
+        <translation>Wochenbalken</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>Monthly bars</source>
+        <translation>Monatsbalken</translation>
+    </message>
+    <message>
+        <source>Q</source>
+        <translation>Q</translation>
+    </message>
+    <message>
+        <source>Quarterly bars</source>
+        <translation>Quartalsbalken</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>J</translation>
+    </message>
+    <message>
+        <source>Yearly bars</source>
+        <translation>Jahresbalken</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Gitter</translation>
+    </message>
+    <message>
+        <source>Show the prices of the bar under the pointer</source>
+        <translation>Kurse des Balkens unter dem Zeiger zeigen</translation>
+    </message>
+    <message>
+        <source>Period separators</source>
+        <translation>Periodentrenner</translation>
+    </message>
+    <message>
+        <source>No Separators</source>
+        <translation>Keine Trenner</translation>
+    </message>
+    <message>
+        <source>Weeks</source>
+        <translation>Wochen</translation>
+    </message>
+    <message>
+        <source>Months</source>
+        <translation>Monate</translation>
+    </message>
+    <message>
+        <source>Quarters</source>
+        <translation>Quartale</translation>
+    </message>
+    <message>
+        <source>Years</source>
+        <translation>Jahre</translation>
+    </message>
+    <message>
+        <source>Save the chart as a picture</source>
+        <translation>Chart als Bild speichern</translation>
+    </message>
+    <message>
+        <source>Save the series as CSV</source>
+        <translation>Reihe als CSV speichern</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewParameters</name>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>3D Candles</source>
+        <translation>3D-Kerzen</translation>
+    </message>
+    <message>
+        <source>Up Bar</source>
+        <translation>Steigender Balken</translation>
+    </message>
+    <message>
+        <source>Down Bar</source>
+        <translation>Fallender Balken</translation>
+    </message>
+    <message>
+        <source>Up Candle</source>
+        <translation>Steigende Kerze</translation>
+    </message>
+    <message>
+        <source>Down Candle</source>
+        <translation>Fallende Kerze</translation>
+    </message>
+    <message>
+        <source>Up Candle Border</source>
+        <translation>Rand steigender Kerzen</translation>
+    </message>
+    <message>
+        <source>Down Candle Border</source>
+        <translation>Rand fallender Kerzen</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
+        <source>Margin Background</source>
+        <translation>Skalenhintergrund</translation>
+    </message>
+    <message>
+        <source>Margin Numbers</source>
+        <translation>Skalenzahlen</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Gitter</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Predefined Colors</source>
+        <translation>Vordefinierte Farben</translation>
+    </message>
+    <message>
+        <source>%1 (default)</source>
+        <translation>%1 (Standard)</translation>
+    </message>
+    <message>
+        <source>Matrix</source>
+        <translation>Matrix</translation>
+    </message>
+    <message>
+        <source>Black On White</source>
+        <translation>Schwarz auf Weiß</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewSettings</name>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Übernehmen</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewsContainer</name>
+    <message>
+        <source>Daily</source>
+        <translation>Täglich</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>Wöchentlich</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>Monatlich</translation>
+    </message>
+    <message>
+        <source>Quarterly</source>
+        <translation>Vierteljährlich</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>Jährlich</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>Chart</translation>
+    </message>
+    <message>
+        <source>There are no stored quotes for %1.</source>
+        <translation>Für %1 sind keine Kurse gespeichert.</translation>
+    </message>
+    <message>
+        <source>No chart is shown.</source>
+        <translation>Es wird kein Chart gezeigt.</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Save CSV</source>
+        <translation>CSV speichern</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>The quotes could not be saved: %1</source>
+        <translation>Die Kurse konnten nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Chart Colours</source>
+        <translation>Chart-Farben</translation>
     </message>
 </context>
 </TS>

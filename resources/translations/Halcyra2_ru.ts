@@ -16,20 +16,12 @@
         <translation>Бары</translation>
     </message>
     <message>
-        <source>First day</source>
-        <translation>Первый день</translation>
-    </message>
-    <message>
         <source>Last day</source>
         <translation>Последний день</translation>
     </message>
     <message>
         <source>Last close</source>
         <translation>Последнее закрытие</translation>
-    </message>
-    <message>
-        <source>Double-click a symbol to edit its stored quotes.</source>
-        <translation>Дважды щёлкните символ, чтобы изменить его сохранённые котировки.</translation>
     </message>
     <message>
         <source>&amp;Tools</source>
@@ -71,6 +63,26 @@
         <source>Reminder</source>
         <translation>Напоминание</translation>
     </message>
+    <message>
+        <source>Double-click a symbol to chart it.</source>
+        <translation>Дважды щёлкните символ, чтобы показать его график.</translation>
+    </message>
+    <message>
+        <source>Chart &amp;Colours...</source>
+        <translation>&amp;Цвета графика...</translation>
+    </message>
+    <message>
+        <source>&amp;Chart</source>
+        <translation>&amp;График</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Quotes...</source>
+        <translation>&amp;Изменить котировки...</translation>
+    </message>
+    <message>
+        <source>%1 bars from %2 to %3</source>
+        <translation>%1 баров с %2 по %3</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneData::EditCsvDialog</name>
@@ -101,6 +113,276 @@
     <message>
         <source> was successfully saved</source>
         <translation> успешно сохранены</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::MiniView</name>
+    <message>
+        <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
+        <translation>Весь ряд. Щелчок или перетаскивание сдвигает график; перетаскивание правой кнопкой измеряет.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::View</name>
+    <message>
+        <source>&amp;Grid</source>
+        <translation>&amp;Сетка</translation>
+    </message>
+    <message>
+        <source>&amp;Properties</source>
+        <translation>&amp;Свойства</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewOperationsPanel</name>
+    <message>
+        <source>Zoom in (+)</source>
+        <translation>Увеличить (+)</translation>
+    </message>
+    <message>
+        <source>Zoom out (-)</source>
+        <translation>Уменьшить (-)</translation>
+    </message>
+    <message>
+        <source>Candles</source>
+        <translation>Свечи</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Бары</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Линия</translation>
+    </message>
+    <message>
+        <source>No price chart</source>
+        <translation>Без графика цен</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>Д</translation>
+    </message>
+    <message>
+        <source>Daily bars</source>
+        <translation>Дневные бары</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <translation>Н</translation>
+    </message>
+    <message>
+        <source>Weekly bars</source>
+        <translation>Недельные бары</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <translation>М</translation>
+    </message>
+    <message>
+        <source>Monthly bars</source>
+        <translation>Месячные бары</translation>
+    </message>
+    <message>
+        <source>Q</source>
+        <translation>К</translation>
+    </message>
+    <message>
+        <source>Quarterly bars</source>
+        <translation>Квартальные бары</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Г</translation>
+    </message>
+    <message>
+        <source>Yearly bars</source>
+        <translation>Годовые бары</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Сетка</translation>
+    </message>
+    <message>
+        <source>Show the prices of the bar under the pointer</source>
+        <translation>Показывать цены бара под указателем</translation>
+    </message>
+    <message>
+        <source>Period separators</source>
+        <translation>Разделители периодов</translation>
+    </message>
+    <message>
+        <source>No Separators</source>
+        <translation>Без разделителей</translation>
+    </message>
+    <message>
+        <source>Weeks</source>
+        <translation>Недели</translation>
+    </message>
+    <message>
+        <source>Months</source>
+        <translation>Месяцы</translation>
+    </message>
+    <message>
+        <source>Quarters</source>
+        <translation>Кварталы</translation>
+    </message>
+    <message>
+        <source>Years</source>
+        <translation>Годы</translation>
+    </message>
+    <message>
+        <source>Save the chart as a picture</source>
+        <translation>Сохранить график как изображение</translation>
+    </message>
+    <message>
+        <source>Save the series as CSV</source>
+        <translation>Сохранить ряд в CSV</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewParameters</name>
+    <message>
+        <source>Line</source>
+        <translation>Линия</translation>
+    </message>
+    <message>
+        <source>3D Candles</source>
+        <translation>Объёмные свечи</translation>
+    </message>
+    <message>
+        <source>Up Bar</source>
+        <translation>Растущий бар</translation>
+    </message>
+    <message>
+        <source>Down Bar</source>
+        <translation>Падающий бар</translation>
+    </message>
+    <message>
+        <source>Up Candle</source>
+        <translation>Растущая свеча</translation>
+    </message>
+    <message>
+        <source>Down Candle</source>
+        <translation>Падающая свеча</translation>
+    </message>
+    <message>
+        <source>Up Candle Border</source>
+        <translation>Контур растущей свечи</translation>
+    </message>
+    <message>
+        <source>Down Candle Border</source>
+        <translation>Контур падающей свечи</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Подпись</translation>
+    </message>
+    <message>
+        <source>Margin Background</source>
+        <translation>Фон шкалы</translation>
+    </message>
+    <message>
+        <source>Margin Numbers</source>
+        <translation>Числа шкалы</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Сетка</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Фон</translation>
+    </message>
+    <message>
+        <source>Predefined Colors</source>
+        <translation>Готовые цвета</translation>
+    </message>
+    <message>
+        <source>%1 (default)</source>
+        <translation>%1 (по умолчанию)</translation>
+    </message>
+    <message>
+        <source>Matrix</source>
+        <translation>Матрица</translation>
+    </message>
+    <message>
+        <source>Black On White</source>
+        <translation>Чёрное на белом</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сбросить</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewSettings</name>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Применить</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ViewsContainer</name>
+    <message>
+        <source>Daily</source>
+        <translation>Дни</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>Недели</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>Месяцы</translation>
+    </message>
+    <message>
+        <source>Quarterly</source>
+        <translation>Кварталы</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>Годы</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>График</translation>
+    </message>
+    <message>
+        <source>There are no stored quotes for %1.</source>
+        <translation>Для %1 нет сохранённых котировок.</translation>
+    </message>
+    <message>
+        <source>No chart is shown.</source>
+        <translation>График не показан.</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Сохранить изображение</translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>Изображения PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Не удалось сохранить изображение: %1</translation>
+    </message>
+    <message>
+        <source>Save CSV</source>
+        <translation>Сохранить CSV</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>Файлы CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>The quotes could not be saved: %1</source>
+        <translation>Не удалось сохранить котировки: %1</translation>
+    </message>
+    <message>
+        <source>Chart Colours</source>
+        <translation>Цвета графика</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>QMWidgets::ColorButton</name>
+    <message>
+        <source>No valid colour</source>
+        <translation>Keine gültige Farbe</translation>
+    </message>
+</context>
+<context>
     <name>QMWidgets::RemindersDialog</name>
     <message>
         <source>&amp;Add</source>
@@ -32,7 +39,7 @@
     <name>QMWidgets::Updater</name>
     <message>
         <source>No update address is configured, so no search was made. Set the address of a version file under the setting &quot;UpdateUrl&quot;.</source>
-        <translation>Es ist keine Aktualisierungsadresse eingestellt, daher wurde nicht gesucht. Tragen Sie die Adresse einer Versionsdatei unter der Einstellung "UpdateUrl" ein.</translation>
+        <translation>Es ist keine Aktualisierungsadresse eingestellt, daher wurde nicht gesucht. Tragen Sie die Adresse einer Versionsdatei unter der Einstellung &quot;UpdateUrl&quot; ein.</translation>
     </message>
     <message>
         <source>The update server at %1 gave an empty answer.</source>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru_RU">
 <context>
+    <name>QMWidgets::ColorButton</name>
+    <message>
+        <source>No valid colour</source>
+        <translation>Недопустимый цвет</translation>
+    </message>
+</context>
+<context>
     <name>QMWidgets::RemindersDialog</name>
     <message>
         <source>&amp;Add</source>
@@ -32,7 +39,7 @@
     <name>QMWidgets::Updater</name>
     <message>
         <source>No update address is configured, so no search was made. Set the address of a version file under the setting &quot;UpdateUrl&quot;.</source>
-        <translation>Адрес обновлений не задан, поиск не выполнялся. Укажите адрес файла версии в настройке "UpdateUrl".</translation>
+        <translation>Адрес обновлений не задан, поиск не выполнялся. Укажите адрес файла версии в настройке &quot;UpdateUrl&quot;.</translation>
     </message>
     <message>
         <source>The update server at %1 gave an empty answer.</source>
