@@ -66,7 +66,7 @@ void View::mouseMoveEvent(QMouseEvent *event)
 {
     const int x = event->pos().x();
     if (mDragX >= 0) {
-        geometry()->setFirstVisible(mDragFirst + (mDragX - x) / geometry()->zoom());
+        scrollBy(mDragFirst + (mDragX - x) / geometry()->zoom() - geometry()->firstVisible());
         return;
     }
     geometry()->setPointerX(x < mCanvas->plotWidth() ? x : -1);
