@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QMessageBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -123,6 +124,11 @@ void MainWindow::slotFillStoredSymbols()
             item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
     }
     mSymbols->sortByColumn(0, Qt::AscendingOrder);
+    // Wide enough for every column in any language, so the list never scrolls sideways.
+    for (int c = 0; c < mSymbols->columnCount(); ++c)
+        mSymbols->resizeColumnToContents(c);
+    mSymbols->setMinimumWidth(mSymbols->header()->length() + 2 * mSymbols->frameWidth()
+                              + mSymbols->verticalScrollBar()->sizeHint().width());
 }
 
 void MainWindow::editSymbol(const QString &symbol)
