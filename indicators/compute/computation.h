@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/quotebar.h"
+
+#include <QColor>
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+// What every indicator computation shares: the series in, named buffers out.
+//
+// A computation is a plain function: no painting, no widgets, no I/O. It reads its
+// parameters by name from the parameter map and fills named buffers, one float per bar,
+// index 0 the oldest bar. A short series gives zero-filled buffers, never a crash.
+namespace Indicators {
+
+using Series = QVector<float>;
+using Params = QMap<QString, float>;
+
+struct Result
+{
+    QMap<QString, Series> buffers;
+    // Colour overrides of single bars: the segment or histogram bar ending at that index is
+    // drawn in this colour (falling bars of the awesome oscillator, the impulse system's
+    // colours, Williams' bull and bear bars).
+    QMap<int, QColor> barColours;
+};
+
+using Computation = Result (*)(const QVector<QuoteBar> &bars, const Params &params);
+
+// A parameter's value, or `fallback` when the map lacks it.
+float param(const Params &params, const QString &name, float fallback = 0.0f);
+// A period: the parameter converted from float to int by truncation.
+int period(const Params &params, const QString &name, float fallback = 0.0f);
+
+// One field of every bar, as floats.
+Series closes(const QVector<QuoteBar> &bars);
+Series opens(const QVector<QuoteBar> &bars);
+Series highs(const QVector<QuoteBar> &bars);
+Series lows(const QVector<QuoteBar> &bars);
+Series volumes(const QVector<QuoteBar> &bars);
+Series medianPrices(const QVector<QuoteBar> &bars); // (high + low) * 0.5
+
+} // namespace Indicators
