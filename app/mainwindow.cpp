@@ -3,6 +3,7 @@
 #include "data/home.h"
 #include "data/reader.h"
 #include "data/ui/editcsvdialog.h"
+#include "indicators/catalogue.h"
 #include "view/ui/viewscontainer.h"
 #include "widgets/app.h"
 #include "widgets/reminders.h"
@@ -13,11 +14,12 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScrollBar>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTreeWidget>
@@ -61,6 +63,10 @@ MainWindow::MainWindow(QWidget *parent)
     centre->setStretchFactor(1, 1);
     centre->setSizes({310, 970});
     setCentralWidget(centre);
+
+    QMenu *indicators = menuBar()->addMenu(tr("&Indicators"));
+    indicators->addAction(tr("Add in a &Pane..."), this, [this] { addIndicator(false); });
+    indicators->addAction(tr("Add over the &Chart..."), this, [this] { addIndicator(true); });
 
     QMenu *tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(tr("Chart &Colours..."), mViews,
@@ -127,8 +133,8 @@ void MainWindow::slotFillStoredSymbols()
     // Wide enough for every column in any language, so the list never scrolls sideways.
     for (int c = 0; c < mSymbols->columnCount(); ++c)
         mSymbols->resizeColumnToContents(c);
-    mSymbols->setMinimumWidth(mSymbols->header()->length() + 2 * mSymbols->frameWidth()
-                              + mSymbols->verticalScrollBar()->sizeHint().width());
+    mSymbols->setMinimumWidth(mSymbols->header()->length() + 2 * mSymbols->frameWidth() +
+                              mSymbols->verticalScrollBar()->sizeHint().width());
 }
 
 void MainWindow::editSymbol(const QString &symbol)
@@ -141,6 +147,31 @@ void MainWindow::editSymbol(const QString &symbol)
             mViews->slotFetchChartData();
     });
     dialog->open();
+}
+
+void MainWindow::addIndicator(bool overChart)
+{
+    // The listed indicators first, in list order, then the ones made for templates.
+    QStringList ids = OrdaneView::listedIndicators();
+    for (const OrdaneView::IndicatorEntry &entry : OrdaneView::catalogue())
+        if (!ids.contains(QLatin1String(entry.id)))
+            ids << QLatin1String(entry.id);
+    QStringList items;
+    for (const QString &id : qAsConst(ids)) {
+        const QString title = OrdaneView::indicatorTitle(id);
+        items << (title == id ? id : QStringLiteral("%1 (%2)").arg(title, id));
+    }
+    bool ok = false;
+    const QString chosen =
+        QInputDialog::getItem(this, overChart ? tr("Add over the Chart") : tr("Add in a Pane"),
+                              tr("Indicator:"), items, 0, false, &ok);
+    const int index = items.indexOf(chosen);
+    if (!ok || index < 0)
+        return;
+    if (overChart)
+        mViews->slotTriggerChartIndicators({ids.at(index)});
+    else
+        mViews->slotTriggerNewIndicatorView({ids.at(index)});
 }
 
 void MainWindow::slotGotoDataFolder()

@@ -32,6 +32,8 @@ public slots:
 
 private:
     void editSymbol(const QString &symbol);
+    // Asks for a built-in indicator and adds it in a new pane or over the chart.
+    void addIndicator(bool overChart);
     void showReminder(const QString &text);
 
     QTreeWidget *mSymbols;

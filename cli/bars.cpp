@@ -6,7 +6,7 @@
 
 namespace Cli {
 
-namespace {
+// The time frame named day, week, month, quarter or year; -1 for any other name.
 int frameOf(const QString &name)
 {
     static const QStringList frames = {QStringLiteral("day"), QStringLiteral("week"),
@@ -14,7 +14,6 @@ int frameOf(const QString &name)
                                        QStringLiteral("year")};
     return frames.indexOf(name);
 }
-} // namespace
 
 int runBars(const QStringList &args, Context &context)
 {

@@ -4,6 +4,9 @@ namespace Cli {
 
 int runBars(const QStringList &args, Context &context);
 int runRender(const QStringList &args, Context &context);
+int runIndicator(const QStringList &args, Context &context);
+int runMath(const QStringList &args, Context &context);
+int runCatalogue(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -14,11 +17,24 @@ const std::vector<Command> &commands()
          &runBars},
         {"render",
          "FILE --out PNG [--width W] [--height H] [--type candle|bar|line|empty] [--zoom Z] "
-         "[--first N]",
+         "[--first N] [--indicator ID[:NAME=VALUE,...]]... [--overlay ID[:NAME=VALUE,...]]...",
          "Draw the chart of FILE with its value scale and date axis into a PNG (default "
          "1200 x 800, candles, zoom 8, the last bars that fit), in the colours of the "
-         "settings.",
+         "settings. --indicator adds a pane under the chart, --overlay draws over the prices; "
+         "both repeat.",
          &runRender},
+        {"indicator", "ID FILE [--frame F] [--param NAME=VALUE]...",
+         "Compute indicator ID over FILE and print its buffers as CSV: Date, then one column "
+         "per buffer in buffer order, values with 9 significant digits.",
+         &runIndicator},
+        {"math", "ROUTINE PERIOD",
+         "Apply a series routine (sma ema smma wma median stdDev stdDevNMinus1 shift) to the "
+         "numbers read from the standard input; print one result per line.",
+         &runMath},
+        {"catalogue", "",
+         "List the built-in indicators: identifier, title, label, parameters with their "
+         "defaults, buffers and whether the indicator list offers it, separated by tabs.",
+         &runCatalogue},
     };
     return table;
 }

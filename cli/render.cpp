@@ -1,6 +1,9 @@
 #include "command.h"
 #include "data/reader.h"
 #include "data/readerh.h"
+#include "indicatorargs.h"
+#include "indicators/catalogue.h"
+#include "indicators/indicatorlayer.h"
 #include "view/chartrenderer.h"
 #include "widgets/language.h"
 
@@ -37,7 +40,11 @@ int runRender(const QStringList &args, Context &context)
     const QCommandLineOption type(QStringLiteral("type"), QString(), QStringLiteral("type"));
     const QCommandLineOption zoom(QStringLiteral("zoom"), QString(), QStringLiteral("Z"));
     const QCommandLineOption first(QStringLiteral("first"), QString(), QStringLiteral("N"));
-    parser.addOptions({out, width, height, type, zoom, first});
+    const QCommandLineOption indicator(QStringLiteral("indicator"), QString(),
+                                       QStringLiteral("ID[:NAME=VALUE,...]"));
+    const QCommandLineOption overlay(QStringLiteral("overlay"), QString(),
+                                     QStringLiteral("ID[:NAME=VALUE,...]"));
+    parser.addOptions({out, width, height, type, zoom, first, indicator, overlay});
     if (!parser.parse(QStringList{QStringLiteral("render")} + args)) {
         context.err << "halcyra-cli render: " << parser.errorText() << '\n';
         return UsageError;
@@ -72,6 +79,25 @@ int runRender(const QStringList &args, Context &context)
         }
     }
 
+    QList<IndicatorRequest> panes, overlays;
+    for (const auto &[option, list] :
+         {std::pair{&indicator, &panes}, std::pair{&overlay, &overlays}}) {
+        for (const QString &text : parser.values(*option)) {
+            IndicatorRequest request;
+            QString error;
+            if (!parseIndicatorRequest(text, request, &error)) {
+                context.err << "halcyra-cli render: " << error << '\n';
+                return UsageError;
+            }
+            if (!OrdaneView::findIndicator(request.id)) {
+                context.err << "Unknown indicator: " << request.id << '\n';
+                return UsageError;
+            }
+            list->append(request);
+        }
+    }
+    picture.panes = panes.size();
+
     const QString path = context.quoteFile(parser.positionalArguments().constFirst());
     if (path.isEmpty())
         return Failure;
@@ -84,7 +110,26 @@ int runRender(const QStringList &args, Context &context)
     picture.label = QFileInfo(path).completeBaseName();
     picture.colors = OrdaneView::ViewColors::load();
     picture.locale = QMWidgets::interfaceLocale();
-    const QImage image = OrdaneView::renderChart(series, picture);
+    const auto add = [](OrdaneView::ViewCanvas &canvas, const IndicatorRequest &request,
+                        bool master) {
+        OrdaneView::IndicatorLayer *layer =
+            OrdaneView::createIndicator(request.id, canvas.reader(), &canvas);
+        for (auto it = request.params.cbegin(); it != request.params.cend(); ++it)
+            layer->setParameter(it.key(), it.value());
+        canvas.addLayer(layer);
+        if (master)
+            canvas.setMasterLayer(layer);
+        layer->init();
+        layer->start();
+    };
+    const QImage image = OrdaneView::renderChart(
+        series, picture,
+        [&](OrdaneView::ViewCanvas &chart, const QList<OrdaneView::ViewCanvas *> &paneCanvases) {
+            for (const IndicatorRequest &request : qAsConst(overlays))
+                add(chart, request, false);
+            for (int i = 0; i < panes.size(); ++i)
+                add(*paneCanvases.at(i), panes.at(i), true);
+        });
 
     QSaveFile file(parser.value(out));
     if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {

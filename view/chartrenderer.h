@@ -6,8 +6,11 @@
 #include "viewcolors.h"
 
 #include <QImage>
+#include <QList>
 #include <QLocale>
 #include <QSize>
+
+#include <functional>
 
 namespace OrdaneView {
 
@@ -23,10 +26,16 @@ struct ChartPicture
     ViewColors colors = ViewColors::fallback();
     QLocale locale;
     QString label; // caption of the price layer, such as the symbol
+    int panes = 0; // indicator panes stacked under the price chart
 };
 
-// Draws the price chart of `series` with its scale and the date axis beneath into an
-// image of picture.size, exactly as a chart view and its axis show it.
-QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &picture);
+// Adds layers to the chart canvas (after its price layer) and to each pane's canvas; the
+// canvases already hold the series, so added layers can be computed at once.
+using PopulateChart = std::function<void(ViewCanvas &chart, const QList<ViewCanvas *> &panes)>;
+
+// Draws the price chart of `series` with its scale, any indicator panes beneath it and the
+// date axis at the bottom into an image of picture.size, exactly as the views show them.
+QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &picture,
+                   const PopulateChart &populate = {});
 
 } // namespace OrdaneView

@@ -254,6 +254,11 @@ void Layer::drawScale(QPainter &painter)
 
 void Layer::drawScaleWith(QPainter &painter, int decimals)
 {
+    drawScaleWith(painter, [decimals](double v) { return QString::number(v, 'f', decimals); });
+}
+
+void Layer::drawScaleWith(QPainter &painter, const std::function<QString(double)> &label)
+{
     painter.save();
     if (mView) {
         painter.setFont(mView->scaleFont());
@@ -264,7 +269,7 @@ void Layer::drawScaleWith(QPainter &painter, int decimals)
     for (const Tick &t : ticks) {
         // Labels sit 4 pixels above their tick line, the top one (max) on row 12.
         const int baseline = t.row == 1 ? 12 : (ticks.size() == 1 ? t.row + 4 : t.row - 3);
-        painter.drawText(QPoint(left + 3, baseline), QString::number(t.value, 'f', decimals));
+        painter.drawText(QPoint(left + 3, baseline), label(t.value));
         painter.drawLine(left, t.row, left + 4, t.row);
     }
     painter.restore();

@@ -10,6 +10,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 class QPainter;
 
 namespace OrdaneView {
@@ -110,6 +112,8 @@ public:
 
 protected:
     void drawScaleWith(QPainter &painter, int decimals);
+    // The scale's ticks with labels made by `label` from each tick's value.
+    void drawScaleWith(QPainter &painter, const std::function<QString(double)> &label);
     virtual int scaleDecimals() const { return 6; }
     QString formatValue(float value) const;
 

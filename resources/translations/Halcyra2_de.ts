@@ -83,6 +83,30 @@
         <source>%1 bars from %2 to %3</source>
         <translation>%1 Balken vom %2 bis %3</translation>
     </message>
+    <message>
+        <source>&amp;Indicators</source>
+        <translation>&amp;Indikatoren</translation>
+    </message>
+    <message>
+        <source>Add in a &amp;Pane...</source>
+        <translation>In einem &amp;Bereich hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add over the &amp;Chart...</source>
+        <translation>Über dem &amp;Chart hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add over the Chart</source>
+        <translation>Über dem Chart hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add in a Pane</source>
+        <translation>In einem Bereich hinzufügen</translation>
+    </message>
+    <message>
+        <source>Indicator:</source>
+        <translation>Indikator:</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneData::EditCsvDialog</name>
@@ -116,6 +140,32 @@
     </message>
 </context>
 <context>
+    <name>OrdaneView::ChartView</name>
+    <message>
+        <source>Chart Colours</source>
+        <translation>Chart-Farben</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Properties of:</source>
+        <translation>Eigenschaften von:</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::IndicatorPropertiesDialog</name>
+    <message>
+        <source>Properties of %1</source>
+        <translation>Eigenschaften von %1</translation>
+    </message>
+    <message>
+        <source>This indicator has no parameters.</source>
+        <translation>Dieser Indikator hat keine Parameter.</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneView::MiniView</name>
     <message>
         <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
@@ -131,6 +181,22 @@
     <message>
         <source>&amp;Properties</source>
         <translation>&amp;Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Indicator:</source>
+        <translation>Indikator:</translation>
+    </message>
+    <message>
+        <source>Indicator Properties</source>
+        <translation>Indikator-Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Remove Indicator</source>
+        <translation>Indikator entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Indicator...</source>
+        <translation>Indikator entfernen...</translation>
     </message>
 </context>
 <context>
@@ -383,6 +449,14 @@
     <message>
         <source>Chart Colours</source>
         <translation>Chart-Farben</translation>
+    </message>
+    <message>
+        <source>Indicator</source>
+        <translation>Indikator</translation>
+    </message>
+    <message>
+        <source>Unknown indicator: %1</source>
+        <translation>Unbekannter Indikator: %1</translation>
     </message>
 </context>
 </TS>

@@ -83,6 +83,30 @@
         <source>%1 bars from %2 to %3</source>
         <translation>%1 баров с %2 по %3</translation>
     </message>
+    <message>
+        <source>&amp;Indicators</source>
+        <translation>&amp;Индикаторы</translation>
+    </message>
+    <message>
+        <source>Add in a &amp;Pane...</source>
+        <translation>Добавить на &amp;панель...</translation>
+    </message>
+    <message>
+        <source>Add over the &amp;Chart...</source>
+        <translation>Добавить на &amp;график...</translation>
+    </message>
+    <message>
+        <source>Add over the Chart</source>
+        <translation>Добавить на график</translation>
+    </message>
+    <message>
+        <source>Add in a Pane</source>
+        <translation>Добавить на панель</translation>
+    </message>
+    <message>
+        <source>Indicator:</source>
+        <translation>Индикатор:</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneData::EditCsvDialog</name>
@@ -116,6 +140,32 @@
     </message>
 </context>
 <context>
+    <name>OrdaneView::ChartView</name>
+    <message>
+        <source>Chart Colours</source>
+        <translation>Цвета графика</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Свойства</translation>
+    </message>
+    <message>
+        <source>Properties of:</source>
+        <translation>Свойства:</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::IndicatorPropertiesDialog</name>
+    <message>
+        <source>Properties of %1</source>
+        <translation>Свойства %1</translation>
+    </message>
+    <message>
+        <source>This indicator has no parameters.</source>
+        <translation>У этого индикатора нет параметров.</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneView::MiniView</name>
     <message>
         <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
@@ -131,6 +181,22 @@
     <message>
         <source>&amp;Properties</source>
         <translation>&amp;Свойства</translation>
+    </message>
+    <message>
+        <source>Indicator:</source>
+        <translation>Индикатор:</translation>
+    </message>
+    <message>
+        <source>Indicator Properties</source>
+        <translation>Свойства индикатора</translation>
+    </message>
+    <message>
+        <source>Remove Indicator</source>
+        <translation>Удалить индикатор</translation>
+    </message>
+    <message>
+        <source>Remove Indicator...</source>
+        <translation>Удалить индикатор...</translation>
     </message>
 </context>
 <context>
@@ -383,6 +449,14 @@
     <message>
         <source>Chart Colours</source>
         <translation>Цвета графика</translation>
+    </message>
+    <message>
+        <source>Indicator</source>
+        <translation>Индикатор</translation>
+    </message>
+    <message>
+        <source>Unknown indicator: %1</source>
+        <translation>Неизвестный индикатор: %1</translation>
     </message>
 </context>
 </TS>

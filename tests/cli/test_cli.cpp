@@ -42,6 +42,9 @@ private slots:
     void barsAggregatesAndLimits();
     void barsFindsStoredSymbolsInTheHome();
     void renderDrawsWithTheStoredColours();
+    void indicatorPrintsItsBuffers();
+    void mathReadsTheStandardInput();
+    void catalogueListsEveryIndicator();
     void realProcessReportsFailures();
 
 private:
@@ -102,6 +105,18 @@ void TestCli::exitStatus_data()
         "--width");
     row("render-unwritable", {S("render"), file, S("--out"), S("/nonexistent/x.png")}, 1,
         "cannot write");
+    row("render-unknown-indicator",
+        {S("render"), file, S("--out"), png, S("--indicator"), S("Nope")}, 2,
+        "Unknown indicator: Nope");
+    row("render-bad-indicator-param",
+        {S("render"), file, S("--out"), png, S("--overlay"), S("SMA:Period")}, 2, "NAME=VALUE");
+    row("indicator-unknown", {S("indicator"), S("Nope"), file}, 2, "Unknown indicator: Nope");
+    row("indicator-bad-param", {S("indicator"), S("EMA"), file, S("--param"), S("Period=x")}, 2,
+        "NAME=VALUE");
+    row("indicator-missing-file",
+        {S("--home"), mDir.path(), S("indicator"), S("EMA"), S("/nonexistent")}, 1, "no such file");
+    row("math-unknown-routine", {S("math"), S("mean"), S("3")}, 2, "ROUTINE");
+    row("catalogue-with-argument", {S("catalogue"), S("x")}, 2, "no arguments");
 }
 
 void TestCli::exitStatus()
@@ -159,20 +174,91 @@ void TestCli::renderDrawsWithTheStoredColours()
 {
     QSettings settings;
     settings.setValue(QStringLiteral("ViewParameters/MarginBackground"), QStringLiteral("#123456"));
-    settings.setValue(QStringLiteral("ViewParameters/MarginBackground2"), QStringLiteral("#123456"));
+    settings.setValue(QStringLiteral("ViewParameters/MarginBackground2"),
+                      QStringLiteral("#123456"));
     const QString png = mDir.filePath(QStringLiteral("chart.png"));
     for (const char *type : {"candle", "bar", "line", "empty"}) {
-        const Outcome r = runCli({QStringLiteral("render"), mFile, QStringLiteral("--out"), png,
-                                  QStringLiteral("--width"), QStringLiteral("400"),
-                                  QStringLiteral("--height"), QStringLiteral("300"),
-                                  QStringLiteral("--type"), QLatin1String(type)});
+        const Outcome r =
+            runCli({QStringLiteral("render"), mFile, QStringLiteral("--out"), png,
+                    QStringLiteral("--width"), QStringLiteral("400"), QStringLiteral("--height"),
+                    QStringLiteral("300"), QStringLiteral("--type"), QLatin1String(type)});
         QCOMPARE(r.status, 0);
         const QImage image(png);
         QCOMPARE(image.size(), QSize(400, 300));
         // The scale strip's right edge, clear of labels.
         QCOMPARE(QColor(image.pixel(397, 150)), QColor(0x12, 0x34, 0x56));
     }
+    // Indicator panes take their share of the height under the chart.
+    const Outcome r = runCli({QStringLiteral("render"), mFile, QStringLiteral("--out"), png,
+                              QStringLiteral("--indicator"), QStringLiteral("RSI:Period=3"),
+                              QStringLiteral("--indicator"), QStringLiteral("Volume"),
+                              QStringLiteral("--overlay"), QStringLiteral("SMA:Period=5")});
+    QCOMPARE(r.status, 0);
+    QCOMPARE(QImage(png).size(), QSize(1200, 800));
     settings.clear();
+}
+
+void TestCli::indicatorPrintsItsBuffers()
+{
+    // EMA with period 1 follows the closes exactly (k = 1).
+    Outcome r = runCli({QStringLiteral("indicator"), QStringLiteral("EMA"), mFile,
+                        QStringLiteral("--param"), QStringLiteral("Period=1")});
+    QCOMPARE(r.status, 0);
+    QStringList lines = r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.first(), QStringLiteral("Date,EMA"));
+    QCOMPARE(lines.size(), 1 + 25);
+    QCOMPARE(lines.at(1), QStringLiteral("2012-01-30,11"));
+
+    // Buffers in name order; shifted lines run past the last bar, whose rows have no date.
+    r = runCli({QStringLiteral("indicator"), QStringLiteral("Alligator"), mFile});
+    QCOMPARE(r.status, 0);
+    lines = r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.first(), QStringLiteral("Date,Jaws,Lips,Teeth"));
+    QCOMPARE(lines.size(), 1 + 25 + 8);
+    QVERIFY(lines.last().startsWith(QLatin1Char(',')));
+    QVERIFY(lines.last().endsWith(QStringLiteral(",,"))); // Lips and Teeth end sooner
+
+    // Monthly bars: one row per month.
+    r = runCli({QStringLiteral("indicator"), QStringLiteral("Volume"), mFile,
+                QStringLiteral("--frame"), QStringLiteral("month")});
+    QCOMPARE(r.out,
+             QStringLiteral("Date,Volume\n2012-01-31,200\n2012-02-29,2100\n2012-03-02,200\n"));
+}
+
+void TestCli::mathReadsTheStandardInput()
+{
+    QProcess cli;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("HALCYRA_HOME"), mDir.filePath(QStringLiteral("home")));
+    cli.setProcessEnvironment(env);
+    cli.start(QStringLiteral(HALCYRA_CLI),
+              {QStringLiteral("math"), QStringLiteral("sma"), QStringLiteral("2")});
+    cli.write("1 2\n3\t4.5\n");
+    cli.closeWriteChannel();
+    QVERIFY(cli.waitForFinished(30000));
+    QCOMPARE(cli.exitCode(), 0);
+    QCOMPARE(cli.readAllStandardOutput(), QByteArray("0\n1.5\n2.5\n3.75\n"));
+
+    cli.start(QStringLiteral(HALCYRA_CLI),
+              {QStringLiteral("math"), QStringLiteral("ema"), QStringLiteral("3")});
+    cli.write("1 two 3");
+    cli.closeWriteChannel();
+    QVERIFY(cli.waitForFinished(30000));
+    QCOMPARE(cli.exitCode(), 1);
+    QVERIFY(cli.readAllStandardError().contains("not a number: two"));
+}
+
+void TestCli::catalogueListsEveryIndicator()
+{
+    const Outcome r = runCli({QStringLiteral("catalogue")});
+    QCOMPARE(r.status, 0);
+    const QStringList lines = r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), 48);
+    QCOMPARE(lines.first(), QStringLiteral("Volume\tVolume\tVolume\t\tVolume\tyes"));
+    QVERIFY(lines.contains(QStringLiteral("RSI\tRelative Strength Index\tRSI(7,70,30)\t"
+                                          "Period=7;LevelUp=70;LevelDown=30\tRSI\tyes")));
+    QVERIFY(lines.contains(QStringLiteral("WilliamsBars\tWilliams Bull & Bear Bars\t"
+                                          "WilliamsBars(3)\tBars Number=3\t\tno")));
 }
 
 void TestCli::realProcessReportsFailures()

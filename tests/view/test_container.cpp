@@ -3,6 +3,8 @@
 
 #include "data/home.h"
 #include "data/reader.h"
+#include "indicators/indicatorlayer.h"
+#include "indicators/ui/indicatorpropertiesdialog.h"
 #include "view/chartgeometry.h"
 #include "view/ui/chartview.h"
 #include "view/ui/miniview.h"
@@ -10,6 +12,7 @@
 #include "view/ui/viewparameters.h"
 #include "view/ui/viewscontainer.h"
 
+#include <QDoubleSpinBox>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -49,6 +52,7 @@ private slots:
     void savesSeriesAndPicture();
     void missingSymbolIsReported();
     void settingsPage();
+    void indicatorPanesAndOverlays();
 
 private:
     QToolButton *button(const char *name) const
@@ -254,6 +258,44 @@ void TestContainer::settingsPage()
     ViewParameters reopened;
     QCOMPARE(reopened.colors().background, QColor(Qt::darkBlue));
     QCOMPARE(reopened.colors().line, QColor(Qt::white));
+}
+
+void TestContainer::indicatorPanesAndOverlays()
+{
+    QString warning;
+    answerNextMessageBox(&warning);
+    mContainer->slotTriggerNewIndicatorView(
+        {QStringLiteral("RSI"), QStringLiteral("Nope"), QStringLiteral("MACD")});
+    QCOMPARE(warning, QStringLiteral("Unknown indicator: Nope"));
+    QList<View *> views = mContainer->views();
+    QCOMPARE(views.size(), 3);
+    auto *rsiPane = views.at(1);
+    QCOMPARE(rsiPane->indicators().size(), 1);
+    IndicatorLayer *rsi = rsiPane->indicators().first();
+    QVERIFY(rsi->isMaster());
+    QCOMPARE(rsi->label(), QStringLiteral("RSI(7,70,30)"));
+    QCOMPARE(rsi->bufferData(QStringLiteral("RSI")).size(), mContainer->reader()->count());
+
+    mContainer->slotTriggerChartIndicators({QStringLiteral("SMA")});
+    QCOMPARE(mContainer->chartView()->indicators().size(), 1);
+    QVERIFY(!mContainer->chartView()->indicators().first()->isMaster());
+
+    // A new frame recomputes every indicator over the new bars.
+    mContainer->slotSetWeekFrameMode();
+    QCOMPARE(rsi->bufferData(QStringLiteral("RSI")).size(), mContainer->reader()->count());
+    QCOMPARE(
+        mContainer->chartView()->indicators().first()->bufferData(QStringLiteral("SMA")).size(),
+        mContainer->reader()->count());
+
+    // Properties change a parameter by name and recompute.
+    IndicatorPropertiesDialog dialog(rsi);
+    dialog.field(QStringLiteral("Period"))->setValue(3);
+    dialog.slotApply();
+    QCOMPARE(rsi->label(), QStringLiteral("RSI(3,70,30)"));
+
+    // Removing a pane's only indicator closes the pane.
+    rsiPane->slotRemoveIndicatorLayer();
+    QTRY_COMPARE(mContainer->views().size(), 2);
 }
 
 QTEST_MAIN(TestContainer)

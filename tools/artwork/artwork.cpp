@@ -249,7 +249,6 @@ QImage small(const std::function<void(QPainter &)> &paint)
     return image;
 }
 
-
 // Tool-strip icons, drawn at 20 x 20 in the muted colour with teal and coral accents.
 QImage toolIcon(const std::function<void(QPainter &)> &paint)
 {
@@ -427,8 +426,14 @@ int main(int argc, char **argv)
         const char *name;
         std::function<void(QPainter &)> paint;
     } tools[] = {
-        {"zoom_in", [](QPainter &p) { magnifier(p, true); }},
-        {"zoom_out", [](QPainter &p) { magnifier(p, false); }},
+        {"zoom_in",
+         [](QPainter &p) {
+             magnifier(p, true);
+         }},
+        {"zoom_out",
+         [](QPainter &p) {
+             magnifier(p, false);
+         }},
         {"chart_candle",
          [](QPainter &p) {
              candleGlyph(p, 5, 3, 15, 6, 12, kTeal);
@@ -451,8 +456,8 @@ int main(int argc, char **argv)
         {"chart_line",
          [](QPainter &p) {
              p.setPen(QPen(kTeal, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-             p.drawPolyline(QPolygonF({QPointF(2, 15), QPointF(7, 10), QPointF(11, 13),
-                                       QPointF(18, 4)}));
+             p.drawPolyline(
+                 QPolygonF({QPointF(2, 15), QPointF(7, 10), QPointF(11, 13), QPointF(18, 4)}));
          }},
         {"chart_empty",
          [](QPainter &p) {

@@ -1,5 +1,10 @@
 #include "chartview.h"
 
+#include "indicators/indicatorlayer.h"
+#include "indicators/ui/indicatorpropertiesdialog.h"
+
+#include <QInputDialog>
+
 namespace OrdaneView {
 
 ChartView::ChartView(ChartGeometry *geometry, QWidget *parent)
@@ -41,6 +46,33 @@ void ChartView::slotSetLine()
 void ChartView::slotSetBar()
 {
     setChartType(ChartType::Bar);
+}
+
+void ChartView::slotProperties()
+{
+    const QList<IndicatorLayer *> overlays = indicators();
+    if (overlays.isEmpty()) {
+        emit propertiesRequested();
+        return;
+    }
+    QStringList choices{tr("Chart Colours")};
+    for (const IndicatorLayer *indicator : overlays)
+        choices << indicator->label();
+    bool ok = false;
+    const QString chosen =
+        QInputDialog::getItem(this, tr("Properties"), tr("Properties of:"), choices, 0, false, &ok);
+    const int index = choices.indexOf(chosen);
+    if (!ok || index < 0)
+        return;
+    if (index == 0) {
+        emit propertiesRequested();
+        return;
+    }
+    IndicatorPropertiesDialog dialog(overlays.at(index - 1), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        update();
+        emit indicatorsChanged();
+    }
 }
 
 void ChartView::slotReaderDataChanged()

@@ -26,6 +26,8 @@ public slots:
     void slotSetLine();
     void slotSetBar();
     void slotReaderDataChanged();
+    // The chart's colours, or the parameters of an indicator drawn over the prices.
+    void slotProperties() override;
 
 private:
     void setChartType(ChartType type);

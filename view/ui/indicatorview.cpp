@@ -8,6 +8,11 @@ IndicatorView::IndicatorView(ChartGeometry *geometry, QWidget *parent)
     setObjectName(QStringLiteral("IndicatorView"));
 }
 
+void IndicatorView::slotProperties()
+{
+    slotIndicatorPropertyClicked();
+}
+
 void IndicatorView::slotReaderDataChanged()
 {
     update();

@@ -17,6 +17,8 @@ signals:
 
 public slots:
     void slotReaderDataChanged();
+    // The parameters of the pane's indicator.
+    void slotProperties() override;
 };
 
 } // namespace OrdaneView

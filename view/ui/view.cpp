@@ -1,9 +1,12 @@
 #include "view.h"
 
 #include "data/reader.h"
+#include "indicators/indicatorlayer.h"
+#include "indicators/ui/indicatorpropertiesdialog.h"
 #include "view/chartgeometry.h"
 
 #include <QContextMenuEvent>
+#include <QInputDialog>
 #include <QMenu>
 #include <QPainter>
 
@@ -31,6 +34,62 @@ void View::setReader(const OrdaneData::ReaderH &reader)
 {
     mCanvas->setReader(reader);
     update();
+}
+
+QList<IndicatorLayer *> View::indicators() const
+{
+    QList<IndicatorLayer *> list;
+    for (Layer *layer : mCanvas->layers())
+        if (auto *indicator = qobject_cast<IndicatorLayer *>(layer))
+            list.append(indicator);
+    return list;
+}
+
+IndicatorLayer *View::chooseIndicator(const QString &title)
+{
+    const QList<IndicatorLayer *> list = indicators();
+    if (list.size() <= 1)
+        return list.value(0);
+    QStringList labels;
+    for (const IndicatorLayer *indicator : list)
+        labels << indicator->label();
+    bool ok = false;
+    const QString chosen =
+        QInputDialog::getItem(this, title, tr("Indicator:"), labels, 0, false, &ok);
+    return ok ? list.value(labels.indexOf(chosen)) : nullptr;
+}
+
+void View::slotIndicatorPropertyClicked()
+{
+    IndicatorLayer *indicator = chooseIndicator(tr("Indicator Properties"));
+    if (!indicator)
+        return;
+    IndicatorPropertiesDialog dialog(indicator, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        update();
+        emit indicatorsChanged();
+    }
+}
+
+void View::slotRemoveIndicatorLayer()
+{
+    IndicatorLayer *indicator = chooseIndicator(tr("Remove Indicator"));
+    if (!indicator)
+        return;
+    const bool wasMaster = mCanvas->masterLayer() == indicator;
+    indicator->deinit();
+    mCanvas->removeLayer(indicator);
+    if (wasMaster && !indicators().isEmpty())
+        mCanvas->setMasterLayer(indicators().constFirst());
+    update();
+    emit indicatorsChanged();
+    if (wasMaster && indicators().isEmpty())
+        slotClose();
+}
+
+void View::slotClose()
+{
+    emit closeRequested();
 }
 
 void View::slotGrid()
@@ -162,6 +221,8 @@ void View::contextMenuEvent(QContextMenuEvent *event)
 
 void View::addMenuEntries(QMenu &menu)
 {
+    if (!indicators().isEmpty())
+        menu.addAction(tr("Remove Indicator..."), this, &View::slotRemoveIndicatorLayer);
     menu.addAction(tr("&Properties"), this, &View::slotProperties);
 }
 

@@ -10,6 +10,7 @@ class QMenu;
 namespace OrdaneView {
 
 class ChartGeometry;
+class IndicatorLayer;
 
 // A view on screen: a widget that shows one canvas (its layers over the shared series and
 // geometry) and turns the mouse and keys into pointer moves, scrolling and zooming.
@@ -27,6 +28,8 @@ public:
     ViewCanvas *canvas() const { return mCanvas; }
     ChartGeometry *geometry() const;
     void setReader(const OrdaneData::ReaderH &reader);
+    // The indicators in this view's stack, bottom first.
+    QList<IndicatorLayer *> indicators() const;
 
 signals:
     void drawFinished();
@@ -34,10 +37,19 @@ signals:
     void zoomRequested(int direction);
     // Asks the container for the settings of this view.
     void propertiesRequested();
+    // An indicator was removed or its parameters changed.
+    void indicatorsChanged();
+    // Asks the container to take this view away.
+    void closeRequested();
 
 public slots:
     void slotGrid();
-    void slotProperties();
+    // Edits the parameters of one of the view's indicators.
+    void slotIndicatorPropertyClicked();
+    // Removes one of the view's indicators; an indicator pane left empty closes.
+    void slotRemoveIndicatorLayer();
+    void slotClose();
+    virtual void slotProperties();
     void slotRefresh();
 
 protected:
@@ -54,6 +66,8 @@ protected:
     // Entries a subclass adds to the context menu.
     virtual void addMenuEntries(QMenu &menu);
     void scrollBy(int bars);
+    // One of the indicators, asked of the user when there are several; nullptr if none.
+    IndicatorLayer *chooseIndicator(const QString &title);
 
 private:
     ViewCanvas *mCanvas;

@@ -4,6 +4,9 @@
 #include "data/quotefile.h"
 #include "data/reader.h"
 #include "datetimeview.h"
+#include "indicators/catalogue.h"
+#include "indicators/indicatorlayer.h"
+#include "indicatorview.h"
 #include "miniview.h"
 #include "scrollbarview.h"
 #include "view/chartgeometry.h"
@@ -23,6 +26,8 @@
 #include <QSaveFile>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace OrdaneView {
 
@@ -114,6 +119,7 @@ ViewsContainer::ViewsContainer(QWidget *parent)
     });
     connect(mChart, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
     connect(mChart, &View::propertiesRequested, this, &ViewsContainer::showViewSettings);
+    connect(mChart, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
     connect(mChart, &ChartView::dataChanged, mMini, qOverload<>(&QWidget::update));
     mChart->installEventFilter(this);
 
@@ -193,6 +199,7 @@ void ViewsContainer::slotSetReader(OrdaneData::ReaderH reader)
                 &ViewsContainer::slotReaderDataChanged);
     mPanel->showTimeFrame(mFrame);
     updateLabel();
+    recomputeIndicators();
     followEnd();
 }
 
@@ -222,6 +229,7 @@ void ViewsContainer::slotFetchChartData()
 
 void ViewsContainer::slotReaderDataChanged()
 {
+    recomputeIndicators();
     for (View *v : views())
         if (auto *chart = qobject_cast<ChartView *>(v))
             chart->slotReaderDataChanged();
@@ -394,6 +402,86 @@ void ViewsContainer::slotQuartalSeparatorMode()
 void ViewsContainer::slotYearSeparatorMode()
 {
     setSeparators(SeparatorMode::Year);
+}
+
+void ViewsContainer::adopt(View *view)
+{
+    ViewCanvas *from = mChart->canvas(), *to = view->canvas();
+    to->setColors(from->colors());
+    to->setLocale(from->locale());
+    to->setGrid(from->hasGrid());
+    to->setPointerInfoMode(from->pointerInfoMode());
+    to->setSeparatorMode(from->separatorMode());
+    view->setReader(mReader);
+    connect(view, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
+    connect(view, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
+    connect(view, &View::closeRequested, this, [this, view] { removeView(view); });
+}
+
+void ViewsContainer::removeView(View *view)
+{
+    if (view == mChart)
+        return;
+    view->hide();
+    view->deleteLater();
+    updateAll();
+}
+
+IndicatorLayer *ViewsContainer::addIndicator(View *view, const QString &id, bool master)
+{
+    IndicatorLayer *indicator = createIndicator(id, mReader, view->canvas());
+    if (!indicator) {
+        QMessageBox::warning(this, tr("Indicator"), tr("Unknown indicator: %1").arg(id));
+        return nullptr;
+    }
+    view->canvas()->addLayer(indicator);
+    if (master)
+        view->canvas()->setMasterLayer(indicator);
+    indicator->init();
+    if (!mReader.isNull())
+        indicator->start();
+    return indicator;
+}
+
+void ViewsContainer::slotTriggerNewIndicatorView(const QStringList &ids)
+{
+    for (const QString &id : ids) {
+        auto *view = new IndicatorView(mGeometry);
+        adopt(view);
+        if (!addIndicator(view, id, true)) {
+            delete view;
+            continue;
+        }
+        mSplitter->addWidget(view);
+        // The chart keeps at least half the height; the panes share the rest.
+        const int panes = mSplitter->count() - 1;
+        const int total = std::max(mSplitter->height(), 300);
+        const int pane = std::min(total / 2 / panes, 160);
+        QList<int> sizes{total - pane * panes};
+        for (int i = 0; i < panes; ++i)
+            sizes << pane;
+        mSplitter->setSizes(sizes);
+    }
+    updateAll();
+}
+
+void ViewsContainer::slotTriggerChartIndicators(const QStringList &ids)
+{
+    for (const QString &id : ids)
+        addIndicator(mChart, id, false);
+    updateAll();
+}
+
+void ViewsContainer::recomputeIndicators()
+{
+    for (View *view : views()) {
+        for (IndicatorLayer *indicator : view->indicators()) {
+            indicator->deinit();
+            indicator->init();
+            if (!mReader.isNull())
+                indicator->start();
+        }
+    }
 }
 
 QImage ViewsContainer::picture()

@@ -12,6 +12,7 @@ namespace OrdaneView {
 
 class ChartGeometry;
 class ChartView;
+class IndicatorLayer;
 class DateTimeView;
 class MiniView;
 class ScrollBarView;
@@ -78,12 +79,24 @@ public slots:
     void slotMonthSeparatorMode();
     void slotQuartalSeparatorMode();
     void slotYearSeparatorMode();
+    // Each identifier gets a new indicator pane beneath the chart.
+    void slotTriggerNewIndicatorView(const QStringList &ids);
+    // Each identifier is drawn over the prices.
+    void slotTriggerChartIndicators(const QStringList &ids);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-private:
+public:
     QList<View *> views() const;
+
+private:
+    // Gives a new view the container's series and current look.
+    void adopt(View *view);
+    void removeView(View *view);
+    // init() and start() of every indicator: after the series or its frame changed.
+    void recomputeIndicators();
+    IndicatorLayer *addIndicator(View *view, const QString &id, bool master);
     void updateAll();
     void zoom(bool in);
     void setFrame(int frame);

@@ -1,0 +1,109 @@
+// Every series routine and every catalogue row over 1,000,000 bars of a seeded random walk,
+// with default parameters, reported in nanoseconds per bar.
+
+#include "indicators/catalogue.h"
+#include "indicators/compute/seriesmath.h"
+
+#include <QCoreApplication>
+
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kBars = 1000000;
+
+const QVector<QuoteBar> &bars()
+{
+    static const QVector<QuoteBar> series = [] {
+        quint64 state = 0xBEEF;
+        auto uniform = [&] {
+            state = state * 6364136223846793005ull + 1442695040888963407ull;
+            return double(state >> 11) * 0x1.0p-53;
+        };
+        QVector<QuoteBar> out;
+        out.reserve(kBars);
+        double close = 50;
+        QDate d(1900, 1, 1);
+        for (int i = 0; i < kBars; ++i) {
+            const double open = close * (1 + (uniform() - 0.5) * 0.01);
+            close = std::max(1.0, close * (1 + (uniform() - 0.5) * 0.04));
+            const QuoteBar b(d.addDays(i), float(open),
+                             float(std::max(open, close) * (1 + uniform() * 0.01)),
+                             float(std::min(open, close) * (1 - uniform() * 0.01)), float(close),
+                             qint64(1e5 + uniform() * 1e7));
+            if (!(b.low() <= b.open() && b.open() <= b.high() && b.low() <= b.close() &&
+                  b.close() <= b.high()))
+                std::abort();
+            out.append(b);
+        }
+        return out;
+    }();
+    return series;
+}
+
+void perBar(benchmark::State &state)
+{
+    state.SetItemsProcessed(state.iterations() * kBars);
+    state.counters["ns/bar"] =
+        benchmark::Counter(double(kBars) * state.iterations() * 1e-9,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
+void BM_Routine(benchmark::State &state,
+                Indicators::Series (*routine)(int, const Indicators::Series &), int period)
+{
+    const Indicators::Series closes = Indicators::closes(bars());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(routine(period, closes));
+    perBar(state);
+}
+
+void BM_Indicator(benchmark::State &state, const OrdaneView::IndicatorEntry *entry)
+{
+    Indicators::Params params;
+    for (const auto &p : entry->params)
+        params.insert(QLatin1String(p.name), p.value);
+    const QVector<QuoteBar> &series = bars();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(entry->compute(series, params));
+    perBar(state);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    const struct
+    {
+        const char *name;
+        Indicators::Series (*routine)(int, const Indicators::Series &);
+        int period;
+    } routines[] = {
+        {"sma/32", &Indicators::sma, 32},
+        {"ema/32", &Indicators::ema, 32},
+        {"smma/32", &Indicators::smma, 32},
+        {"wma/32", &Indicators::wma, 32},
+        {"median/32", &Indicators::median, 32},
+        {"stdDev/20", &Indicators::stdDev, 20},
+        {"stdDevNMinus1/20", &Indicators::stdDevNMinus1, 20},
+        {"shift/8", &Indicators::shift, 8},
+    };
+    for (const auto &r : routines)
+        benchmark::RegisterBenchmark((std::string("BM_Routine/") + r.name).c_str(), BM_Routine,
+                                     r.routine, r.period)
+            ->Unit(benchmark::kMillisecond);
+    for (const OrdaneView::IndicatorEntry &entry : OrdaneView::catalogue())
+        benchmark::RegisterBenchmark((std::string("BM_Indicator/") + entry.id).c_str(),
+                                     BM_Indicator, &entry)
+            ->Unit(benchmark::kMillisecond);
+
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,147 @@
+// Oscillators that place the price within its recent range: the stochastic oscillator,
+// Williams %R, the commodity channel index and DeMarker.
+
+#include "oscillators.h"
+#include "seriesmath.h"
+
+namespace Indicators {
+
+using namespace OscillatorParts;
+
+namespace {
+struct Extremes
+{
+    Series lowest;
+    Series highest;
+};
+
+// The lowest low and the highest high of the p bars ending at each of `count` bars.
+Extremes extremes(const QuoteBar *b, int count, int p)
+{
+    Series low(count);
+    Series high(count);
+    float *l = low.data();
+    float *h = high.data();
+    for (int j = 0; j < count; ++j) {
+        l[j] = b[j].low();
+        h[j] = b[j].high();
+    }
+    slideExtremes(p, low, high);
+    return {low, high};
+}
+} // namespace
+
+Result computeStochastic(const QVector<QuoteBar> &bars, const Params &params)
+{
+    const int kPeriod = period(params, QStringLiteral("KPeriod"), 14);
+    const int dPeriod = period(params, QStringLiteral("DPeriod"), 3);
+    const int slowing = period(params, QStringLiteral("Slowing"), 3);
+    const int n = bars.size();
+    if (tooShort(n, {kPeriod, dPeriod, slowing}))
+        return zeroResult(n, {QStringLiteral("K"), QStringLiteral("D")});
+    const QuoteBar *b = bars.constData();
+    const int first = kPeriod + slowing - 2;
+    Series k(n, 0.0f);
+    float *out = k.data();
+    inChunks(n, first, [&](int from, int begin, int end) {
+        // The extremes start from the sentinels 1e6 (low) and -1e6 (high), so prices beyond
+        // them are clipped. Per bar: close - lowest and highest - lowest, in place.
+        Extremes e = extremes(b + from, end - from, kPeriod);
+        float *above = e.lowest.data();
+        float *range = e.highest.data();
+        for (int j = 0; j < end - from; ++j) {
+            const float ll = std::min(above[j], 1000000.0f);
+            const float hh = std::max(range[j], -1000000.0f);
+            above[j] = b[from + j].close() - ll;
+            range[j] = hh - ll;
+        }
+        const Series sumAbove = windowSums(slowing, std::move(e.lowest));
+        const Series sumRange = windowSums(slowing, std::move(e.highest));
+        for (int i = std::max(begin, first); i < end; ++i) {
+            const int j = i - from;
+            out[i] = sumRange[j] == 0.0f ? 100.0f : sumAbove[j] / sumRange[j] * 100.0f;
+        }
+    });
+    Result r;
+    r.buffers.insert(QStringLiteral("D"), sma(dPeriod, k));
+    r.buffers.insert(QStringLiteral("K"), k);
+    return r;
+}
+
+Result computeWilliamsPR(const QVector<QuoteBar> &bars, const Params &params)
+{
+    const int p = period(params, QStringLiteral("Period"), 14);
+    const int n = bars.size();
+    if (tooShort(n, {p}))
+        return zeroResult(n, {QStringLiteral("WilliamsPR")});
+    const QuoteBar *b = bars.constData();
+    Series r(n, 0.0f);
+    float *out = r.data();
+    inChunks(n, p - 1, [&](int from, int begin, int end) {
+        const Extremes e = extremes(b + from, end - from, p);
+        for (int i = std::max(begin, p - 1); i < end; ++i) {
+            const float hh = e.highest[i - from];
+            const float range = hh - e.lowest[i - from];
+            // A flat window reads as the bottom of its scale; a close outside its bar's
+            // range (inconsistent data) is held to the scale.
+            const float v = range == 0.0f ? -100.0f : (hh - b[i].close()) / range * -100.0f;
+            out[i] = std::min(std::max(v, -100.0f), 0.0f);
+        }
+    });
+    return singleBuffer(QStringLiteral("WilliamsPR"), r);
+}
+
+Result computeCCI(const QVector<QuoteBar> &bars, const Params &params)
+{
+    const int p = period(params, QStringLiteral("Period"), 14);
+    const int n = bars.size();
+    if (tooShort(n, {p}))
+        return zeroResult(n, {QStringLiteral("CCI")});
+    const QuoteBar *b = bars.constData();
+    Series r(n, 0.0f);
+    float *out = r.data();
+    // A chunk keeps p bars of history, one more than a window needs, so that it is always
+    // longer than the period that sma guards against.
+    inChunks(n, p, [&](int from, int begin, int end) {
+        Series typical(end - from);
+        float *t = typical.data();
+        for (int j = 0; j < end - from; ++j)
+            t[j] = typicalPrice(b[from + j]);
+        // Lambert (1980): (typical - its mean) / (0.015 * mean absolute deviation); 0 where
+        // the deviation is 0.
+        const Series mean = sma(p, typical);
+        const Series deviation = meanDeviations(p, typical, mean);
+        for (int i = std::max(begin, p - 1); i < end; ++i) {
+            const int j = i - from;
+            out[i] = deviation[j] == 0.0f ? 0.0f : (t[j] - mean[j]) / (0.015f * deviation[j]);
+        }
+    });
+    return singleBuffer(QStringLiteral("CCI"), r);
+}
+
+Result computeDeMarker(const QVector<QuoteBar> &bars, const Params &params)
+{
+    const int p = period(params, QStringLiteral("Period"), 14);
+    const int n = bars.size();
+    if (tooShort(n, {p}))
+        return zeroResult(n, {QStringLiteral("DeMarker")});
+    const QuoteBar *b = bars.constData();
+    Series rise(n, 0.0f);
+    Series fall(n, 0.0f);
+    float *up = rise.data();
+    float *down = fall.data();
+    for (int i = 1; i < n; ++i) {
+        up[i] = b[i].high() > b[i - 1].high() ? b[i].high() - b[i - 1].high() : 0.0f;
+        down[i] = b[i].low() < b[i - 1].low() ? b[i - 1].low() - b[i].low() : 0.0f;
+    }
+    const Series a = sma(p, rise);
+    const Series d = sma(p, fall);
+    // Unguarded: a window in which neither the high rose nor the low fell gives 0 / 0.
+    Series r(n, 0.0f);
+    float *out = r.data();
+    for (int i = p - 1; i < n; ++i)
+        out[i] = a[i] / (a[i] + d[i]);
+    return singleBuffer(QStringLiteral("DeMarker"), r);
+}
+
+} // namespace Indicators

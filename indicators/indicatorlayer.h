@@ -1,0 +1,117 @@
+#pragma once
+
+#include "indicatorbuffer.h"
+#include "view/chartlayer.h"
+
+#include <QMap>
+#include <QPair>
+
+namespace OrdaneView {
+
+struct IndicatorEntry;
+
+// An indicator: named parameters, named buffers computed from the series, and the painting
+// of those buffers as lines, histograms or points. In a pane of its own the indicator is
+// the master layer and fits the range to its main buffer; over the price chart it follows
+// the price layer's range.
+//
+// Painting enters through draw(), which hands over to drawIndicator() (an indicator shows
+// no price box of its own).
+class IndicatorLayer : public ChartLayer
+{
+    Q_OBJECT
+
+public:
+    explicit IndicatorLayer(ViewCanvas *view, QObject *parent = nullptr);
+    ~IndicatorLayer() override;
+
+    // Sets the label from the parameters and prepares the buffers.
+    Q_INVOKABLE virtual void init();
+    // Computes every buffer from the series.
+    Q_INVOKABLE virtual void start();
+    // Releases what start() set up.
+    Q_INVOKABLE virtual void deinit();
+    // Paints the buffers, the scale (when master) and any extras.
+    virtual void drawIndicator(QPainter &painter);
+    // The identifier, such as "RSI".
+    virtual QString name() const;
+    // Search of parameter values against past data; most indicators have none.
+    virtual void calibrate();
+    // A trading simulation with the current parameters; most indicators have none.
+    virtual void simulate();
+
+    void draw(QPainter &painter, int plotWidth) override;
+    // Labels chosen for the range: plain decimals, or Tsd., Mio. and Bio. for large values.
+    void drawScale(QPainter &painter) override;
+
+    Q_INVOKABLE int firstVisiblePosition() const;
+    // A copy of a buffer's data; empty for an unknown name.
+    Q_INVOKABLE QVector<float> bufferData(const QString &name) const;
+    // Sets a parameter, adding it when new.
+    Q_INVOKABLE void setParameter(const QString &name, float value);
+
+    const QMap<QString, float> &parameters() const { return mParameters; }
+    float parameter(const QString &name, float fallback = 0) const;
+    QMap<QString, IndicatorBuffer> &buffers() { return mBuffers; }
+    const QMap<QString, IndicatorBuffer> &buffers() const { return mBuffers; }
+    QMap<int, QColor> &barColours() { return mBarColours; }
+    QString fullName() const { return mFullName; }
+    void setFullName(const QString &name) { mFullName = name; }
+
+    // Horizontal level lines at values, in colours given as colour text.
+    void addLevel(float value, const QString &colour);
+    void removeAllLevels() { mLevels.clear(); }
+    const QList<QPair<float, QString>> &levels() const { return mLevels; }
+
+    // Fits the range to the buffer over the visible bars when master, otherwise takes the
+    // master's range.
+    void fitRange(const QString &buffer);
+    // Paints every visible, non-empty buffer in name order.
+    void paintBuffers(QPainter &painter);
+    // A scale label for a value in a range whose tick step is `step`.
+    static QString scaleLabel(double value, double step);
+
+signals:
+    void progress(int percent);
+
+protected:
+    int plotWidthOf() const { return width() - rightMarginWidth(); }
+
+private:
+    QMap<QString, float> mParameters;
+    QMap<QString, IndicatorBuffer> mBuffers;
+    QMap<int, QColor> mBarColours;
+    QString mFullName;
+    QList<QPair<float, QString>> mLevels;
+    bool mAutoTop = true;
+    bool mAutoBottom = true;
+};
+
+// A built-in indicator, made from its catalogue row.
+class BuiltinIndicator : public IndicatorLayer
+{
+    Q_OBJECT
+
+public:
+    BuiltinIndicator(const IndicatorEntry &entry, ViewCanvas *view, QObject *parent = nullptr);
+
+    const IndicatorEntry &entry() const { return mEntry; }
+    // The buffer the range is fitted to: the first of the catalogue row.
+    QString mainBuffer() const;
+    // The label for the current parameters, such as "RSI(7,70,30)".
+    QString makeLabel() const;
+
+    void init() override;
+    void start() override;
+    void drawIndicator(QPainter &painter) override;
+    QString name() const override;
+
+private:
+    // An indicator without buffers that colours bars (bull and bear bars) redraws those
+    // bars over the prices in their colours.
+    void paintColouredBars(QPainter &painter);
+
+    const IndicatorEntry &mEntry;
+};
+
+} // namespace OrdaneView
