@@ -50,49 +50,13 @@ class TestAverages : public QObject
     Q_OBJECT
 
 private slots:
-    void buffersCoverEveryBar_data();
-    void buffersCoverEveryBar();
     void handComputed_data();
     void handComputed();
     void bollingerBandsAroundMiddle();
 };
 
-void TestAverages::buffersCoverEveryBar_data()
-{
-    QTest::addColumn<Computation>("compute");
-    QTest::addColumn<QString>("names");
-
-    QTest::newRow("SMA") << &computeSMA << "SMA";
-    QTest::newRow("EMA") << &computeEMA << "EMA";
-    QTest::newRow("SMMA") << &computeSMMA << "SMMA";
-    QTest::newRow("WMA") << &computeWMA << "WMA";
-    QTest::newRow("Median") << &computeMedian << "Median";
-    QTest::newRow("StdDev") << &computeStdDev << "StdDev";
-    QTest::newRow("MedianPrice") << &computeMedianPrice << "MedianPrice";
-    QTest::newRow("Envelopes") << &computeEnvelopes << "EnvelopesLower EnvelopesUpper";
-    QTest::newRow("BollingerBands")
-        << &computeBollingerBands << "BollingerBandsLower BollingerBandsMiddle BollingerBandsUpper";
-}
-
 // Empty, shorter than the default periods, and long: every buffer, no more, one value a bar;
 // all zeros for a period below 1 (0.5 truncates to 0).
-void TestAverages::buffersCoverEveryBar()
-{
-    QFETCH(Computation, compute);
-    QFETCH(QString, names);
-    for (int n : {0, 5, 500}) {
-        const Result r = compute(bars(walk(n)), Params());
-        QCOMPARE(r.buffers.keys().join(QLatin1Char(' ')), names);
-        for (const Series &buffer : r.buffers)
-            QCOMPARE(buffer.size(), n);
-    }
-    if (compute == &computeMedianPrice)
-        return;
-    for (float p : {0.0f, 0.5f, -3.0f}) {
-        for (const Series &buffer : compute(bars(walk(100)), with({{"Period", p}})).buffers)
-            QCOMPARE(buffer, Series(100, 0.0f));
-    }
-}
 
 void TestAverages::handComputed_data()
 {

@@ -59,6 +59,8 @@ private slots:
     void fullBuffersOnALongSeries();
     void shortSeriesAndOddParameters_data() { allIds(); }
     void shortSeriesAndOddParameters();
+    void periodsBelowOneGiveZeros_data() { allIds(); }
+    void periodsBelowOneGiveZeros();
 };
 
 void TestCatalogue::tableAndList()
@@ -152,6 +154,34 @@ void TestCatalogue::shortSeriesAndOddParameters()
                 QVERIFY(buffer.data.size() >= n || buffer.data.isEmpty());
         }
     }
+}
+
+void TestCatalogue::periodsBelowOneGiveZeros()
+{
+    // Every parameter that counts bars is set to 0.9, which truncates to 0.
+    QFETCH(QString, id);
+    const QStringList levels = {QStringLiteral("LevelUp"), QStringLiteral("LevelDown"),
+                                QStringLiteral("Deviation"), QStringLiteral("Typ")};
+    const OrdaneData::ReaderH series = randomSeries(120, 5);
+    auto layer = make(id, series);
+    bool periods = false;
+    for (const QString &name : layer->parameters().keys()) {
+        if (levels.contains(name) || name.contains(QLatin1String("Shift")))
+            continue;
+        layer->setParameter(name, 0.9f);
+        periods = true;
+    }
+    if (!periods)
+        QSKIP("no period to set");
+    layer->init();
+    layer->start();
+    for (auto it = layer->buffers().cbegin(); it != layer->buffers().cend(); ++it) {
+        QVERIFY(it.value().data.size() >= 120); // shifted lines run past the last bar
+        QVERIFY2(std::all_of(it.value().data.begin(), it.value().data.end(),
+                             [](float v) { return v == 0.0f; }),
+                 qPrintable(it.key()));
+    }
+    QVERIFY(layer->barColours().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestCatalogue)

@@ -43,48 +43,12 @@ class TestHouse : public QObject
     Q_OBJECT
 
 private slots:
-    void buffersOfShortSeriesAndZeroPeriods();
     void flatSeries();
     void risingSeries();
     void consolidation_data();
     void consolidation();
     void consolidationQuery();
 };
-
-void TestHouse::buffersOfShortSeriesAndZeroPeriods()
-{
-    const QVector<QPair<Computation, QStringList>> all{
-        {computeHCVolatility,
-         {QStringLiteral("HCVolatilityDifference"), QStringLiteral("HCVolatilityHigh"),
-          QStringLiteral("HCVolatilityLow"), QStringLiteral("HCVolatilityMid")}},
-        {computeHCDrevik, {QStringLiteral("HCDrevikMinus"), QStringLiteral("HCDrevikPlus")}},
-        {computeHCDrevikPR, {QStringLiteral("HCDrevikPRMinus"), QStringLiteral("HCDrevikPRPlus")}},
-        {computeHCPriceChange,
-         {QStringLiteral("HCPriceChangeHigh"), QStringLiteral("HCPriceChangeLow")}},
-        {computeHCPriceChangeO, {QStringLiteral("HCPriceChange")}},
-        {computeHCPriceChangeBulls,
-         {QStringLiteral("HCPriceChangeBullsHigh"), QStringLiteral("HCPriceChangeBullsLow")}},
-        {computeConsolidation, {QStringLiteral("Consolidation"), QStringLiteral("ConsolidationA")}},
-    };
-    const Params zero{{QStringLiteral("EMAPeriod"), 0.5f},
-                      {QStringLiteral("MidEMAPeriod"), 0},
-                      {QStringLiteral("Interval"), 0}};
-    // A rising series of 10 bars makes every indicator non-zero unless its period stops it.
-    QVector<QuoteBar> rising;
-    for (int i = 0; i < 10; ++i)
-        rising.append(body(10 + i, 11 + i));
-    for (const auto &entry : all) {
-        for (int n : {0, 1, 10}) {
-            const Result r = entry.first(rising.mid(0, n), n < 10 ? Params() : zero);
-            QCOMPARE(r.buffers.keys(), entry.second);
-            for (const Series &s : r.buffers) {
-                QCOMPARE(s.size(), n);
-                if (!entry.second.first().startsWith(QLatin1String("HCDrevik")))
-                    QCOMPARE(s.count(0.0f), n);
-            }
-        }
-    }
-}
 
 // O = C = 8, H = 10, L = 6 on 30 bars (more than the channel's 26).
 void TestHouse::flatSeries()

@@ -150,8 +150,6 @@ private slots:
     void handComputed_data();
     void handComputed();
     void everyIdentifierHasAHandComputedCase();
-    void oneValuePerBarAndZerosWhenTooShort_data();
-    void oneValuePerBarAndZerosWhenTooShort();
     void staysWithinItsScale();
     void windowRoutinesMatchRescans_data();
     void windowRoutinesMatchRescans();
@@ -204,50 +202,6 @@ void TestOscillators::everyIdentifierHasAHandComputedCase()
         covered.insert(readCase(fixtures().filePath(f)).id);
     for (const Entry &e : table)
         QVERIFY2(covered.contains(QLatin1String(e.id)), e.id);
-}
-
-void TestOscillators::oneValuePerBarAndZerosWhenTooShort_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<float>("period"); // given to every period parameter; NAN: the defaults
-    QTest::addColumn<int>("n");
-    QTest::addColumn<QString>("buffers");
-    for (const Entry &e : table) {
-        const QString id = QLatin1String(e.id);
-        const QString buffers = QLatin1String(e.buffers);
-        for (int n : {0, 1, 600})
-            QTest::addRow("%s-defaults-%d-bars", e.id, n) << id << float(NAN) << n << buffers;
-        if (!e.hasPeriods)
-            continue;
-        QTest::addRow("%s-as-many-bars-as-the-period", e.id) << id << 6.0f << 6 << buffers;
-        QTest::addRow("%s-period-zero", e.id) << id << 0.0f << 80 << buffers;
-        QTest::addRow("%s-period-negative", e.id) << id << -4.0f << 80 << buffers;
-        QTest::addRow("%s-period-truncated-to-zero", e.id) << id << 0.9f << 80 << buffers;
-    }
-}
-
-void TestOscillators::oneValuePerBarAndZerosWhenTooShort()
-{
-    QFETCH(QString, id);
-    QFETCH(float, period);
-    QFETCH(int, n);
-    QFETCH(QString, buffers);
-    // A parameter an indicator does not read has no effect, so every period name is set.
-    Params params;
-    const char *periods = "Period Period1 Period2 FastEMA SlowEMA Signal KPeriod DPeriod Slowing "
-                          "MACD_Fast MACD_Slow MACD_Signal EMA_Period";
-    for (const QString &name : QString::fromLatin1(periods).split(QLatin1Char(' ')))
-        if (!std::isnan(period))
-            params.insert(name, period);
-    const Result r = computation(id)(randomWalk(n, 11), params);
-    QCOMPARE(r.buffers.keys().join(QLatin1Char(' ')), buffers);
-    for (const Series &s : r.buffers) {
-        QCOMPARE(s.size(), n);
-        if (!std::isnan(period))
-            QCOMPARE(s, Series(n, 0.0f));
-    }
-    if (!std::isnan(period))
-        QVERIFY(r.barColours.isEmpty());
 }
 
 void TestOscillators::staysWithinItsScale()

@@ -42,7 +42,6 @@ class TestWilliams : public QObject
     Q_OBJECT
 
 private slots:
-    void shortSeriesAndOddPeriods();
     void alligatorShiftedLines();
     void gatorSigns();
     void ao_data();
@@ -56,23 +55,6 @@ private slots:
 };
 
 // Flat bars of up to 5 (the shortest average's period) give zeros and no colours everywhere.
-void TestWilliams::shortSeriesAndOddPeriods()
-{
-    for (Computation compute : {computeAlligator, computeGator, computeAO, computeAC, computeMFaI,
-                                computeFractals, computeWilliamsBars}) {
-        for (int n : {0, 1, 5}) {
-            const Result r = compute(QVector<QuoteBar>(n, bar(7, 7, 7, 7)), Params());
-            QVERIFY(r.barColours.isEmpty());
-            for (const Series &s : r.buffers)
-                QVERIFY(s.size() >= n && s.count(0.0f) == s.size());
-        }
-    }
-    // A period of 0 gives zeros; a negative shift counts as none.
-    const Params odd{{QStringLiteral("Jaws Period"), 0}, {QStringLiteral("Lips Shift"), -2}};
-    const Result r = computeAlligator(medians(rising(40)), odd);
-    QCOMPARE(r.buffers.value(QStringLiteral("Jaws")), Series(40 + 8, 0));
-    QCOMPARE(r.buffers.value(QStringLiteral("Lips")).size(), 40);
-}
 
 // Constant median price 7: every smma value is exactly 7, from index shift + period - 1 to the
 // last bar's index n - 1 + shift.
