@@ -1,14 +1,11 @@
 // Every series routine and every catalogue row over 1,000,000 bars of a seeded random walk,
 // with default parameters, reported in nanoseconds per bar.
 
+#include "benchsupport.h"
 #include "indicators/catalogue.h"
 #include "indicators/compute/seriesmath.h"
 
-#include <QCoreApplication>
-
 #include <benchmark/benchmark.h>
-#include <cmath>
-#include <cstdlib>
 
 namespace {
 
@@ -16,30 +13,7 @@ constexpr int kBars = 1000000;
 
 const QVector<QuoteBar> &bars()
 {
-    static const QVector<QuoteBar> series = [] {
-        quint64 state = 0xBEEF;
-        auto uniform = [&] {
-            state = state * 6364136223846793005ull + 1442695040888963407ull;
-            return double(state >> 11) * 0x1.0p-53;
-        };
-        QVector<QuoteBar> out;
-        out.reserve(kBars);
-        double close = 50;
-        QDate d(1900, 1, 1);
-        for (int i = 0; i < kBars; ++i) {
-            const double open = close * (1 + (uniform() - 0.5) * 0.01);
-            close = std::max(1.0, close * (1 + (uniform() - 0.5) * 0.04));
-            const QuoteBar b(d.addDays(i), float(open),
-                             float(std::max(open, close) * (1 + uniform() * 0.01)),
-                             float(std::min(open, close) * (1 - uniform() * 0.01)), float(close),
-                             qint64(1e5 + uniform() * 1e7));
-            if (!(b.low() <= b.open() && b.open() <= b.high() && b.low() <= b.close() &&
-                  b.close() <= b.high()))
-                std::abort();
-            out.append(b);
-        }
-        return out;
-    }();
+    static const QVector<QuoteBar> series = Bench::randomWalk(kBars, 0xBEEF);
     return series;
 }
 
@@ -75,7 +49,6 @@ void BM_Indicator(benchmark::State &state, const OrdaneView::IndicatorEntry *ent
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
     const struct
     {
         const char *name;
@@ -100,10 +73,5 @@ int main(int argc, char **argv)
                                      BM_Indicator, &entry)
             ->Unit(benchmark::kMillisecond);
 
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Bench::run(argc, argv);
 }

@@ -1,6 +1,7 @@
 // Repainting a chart view. The goal: a 1600 x 1000 view with 400 visible bars (3D candles,
 // grid, scale and date axis) in at most 4 ms.
 
+#include "benchsupport.h"
 #include "data/reader.h"
 #include "view/chartgeometry.h"
 #include "view/chartlayer.h"
@@ -8,42 +9,18 @@
 #include "view/dateaxis.h"
 #include "view/viewcanvas.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
 #include <benchmark/benchmark.h>
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
 
 namespace {
 
-// A seeded random walk of weekday bars, with its OHLC invariants checked.
 OrdaneData::ReaderH syntheticSeries(int n)
 {
-    std::uint64_t state = 0xC0FFEEull;
-    auto uniform = [&] {
-        state = state * 6364136223846793005ull + 1442695040888963407ull;
-        return double(state >> 11) * 0x1.0p-53;
-    };
     OrdaneData::ReaderH series = OrdaneData::ReaderH::create();
-    double close = 50.0;
-    QDate d(2000, 1, 3);
-    while (series->count() < n) {
-        d = d.addDays(1);
-        if (d.dayOfWeek() > 5)
-            continue;
-        const double open = close * (1 + (uniform() - 0.5) * 0.01);
-        close = std::max(1.0, close * (1 + (uniform() - 0.5) * 0.04));
-        const QuoteBar bar(d, float(open), float(std::max(open, close) * (1 + uniform() * 0.01)),
-                           float(std::min(open, close) * (1 - uniform() * 0.01)), float(close),
-                           qint64(1e6 * (1 + uniform())));
-        if (!(bar.low() <= bar.open() && bar.open() <= bar.high() && bar.low() <= bar.close() &&
-              bar.close() <= bar.high()))
-            std::abort();
+    for (const QuoteBar &bar : Bench::randomWalk(n, 0xC0FFEE))
         series->appendBar(bar);
-    }
     return series;
 }
 
@@ -94,12 +71,5 @@ BENCHMARK(BM_RenderChartPicture)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return Bench::run(argc, argv, true);
 }
