@@ -59,7 +59,8 @@ void TestCli::initTestCase()
     QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
     QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
     QStandardPaths::setTestModeEnabled(true);
-    // Nothing here may fall through to the user's own home folder.
+    // Nothing here, in this process or the tool's child processes, may fall through to the
+    // user's own home folder.
     qputenv("HALCYRA_HOME", mDir.filePath(QStringLiteral("home")).toLocal8Bit());
     // 30 Jan .. 2 Mar 2012, one bar per weekday.
     QVector<QuoteBar> bars;
@@ -228,9 +229,6 @@ void TestCli::indicatorPrintsItsBuffers()
 void TestCli::mathReadsTheStandardInput()
 {
     QProcess cli;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("HALCYRA_HOME"), mDir.filePath(QStringLiteral("home")));
-    cli.setProcessEnvironment(env);
     cli.start(QStringLiteral(HALCYRA_CLI),
               {QStringLiteral("math"), QStringLiteral("sma"), QStringLiteral("2")});
     cli.write("1 2\n3\t4.5\n");
@@ -264,9 +262,6 @@ void TestCli::catalogueListsEveryIndicator()
 void TestCli::realProcessReportsFailures()
 {
     QProcess cli;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("HALCYRA_HOME"), mDir.filePath(QStringLiteral("home")));
-    cli.setProcessEnvironment(env);
     cli.start(QStringLiteral(HALCYRA_CLI),
               {QStringLiteral("bars"), QStringLiteral("/nonexistent")});
     QVERIFY(cli.waitForFinished(30000));

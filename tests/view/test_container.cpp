@@ -5,6 +5,7 @@
 #include "data/reader.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
+#include "support/messagebox.h"
 #include "view/chartgeometry.h"
 #include "view/ui/chartview.h"
 #include "view/ui/miniview.h"
@@ -23,19 +24,6 @@
 #include <QtTest>
 
 using namespace OrdaneView;
-
-namespace {
-void answerNextMessageBox(QString *text)
-{
-    QTimer::singleShot(0, [=] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
-            return answerNextMessageBox(text);
-        *text = box->text();
-        box->accept();
-    });
-}
-} // namespace
 
 class TestContainer : public QObject
 {
@@ -220,7 +208,7 @@ void TestContainer::missingSymbolIsReported()
 {
     const OrdaneData::ReaderH before = mContainer->reader();
     QString text;
-    answerNextMessageBox(&text);
+    TestSupport::answerNextMessageBox(&text);
     mContainer->slotFetchChartData(QStringLiteral("NOPE"));
     QCOMPARE(text, QStringLiteral("There are no stored quotes for NOPE."));
     QCOMPARE(mContainer->reader(), before);
@@ -263,7 +251,7 @@ void TestContainer::settingsPage()
 void TestContainer::indicatorPanesAndOverlays()
 {
     QString warning;
-    answerNextMessageBox(&warning);
+    TestSupport::answerNextMessageBox(&warning);
     mContainer->slotTriggerNewIndicatorView(
         {QStringLiteral("RSI"), QStringLiteral("Nope"), QStringLiteral("MACD")});
     QCOMPARE(warning, QStringLiteral("Unknown indicator: Nope"));

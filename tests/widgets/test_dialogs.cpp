@@ -3,6 +3,7 @@
 #include "data/home.h"
 #include "data/quotefile.h"
 #include "data/ui/editcsvdialog.h"
+#include "support/messagebox.h"
 #include "widgets/updater.h"
 #include "widgets/updaterpage.h"
 
@@ -13,21 +14,6 @@
 #include <QtTest>
 
 namespace {
-// Answers the next message box once it is up, recording its title and text.
-void answerNextMessageBox(QString *title, QString *text)
-{
-    QTimer::singleShot(0, [=] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box) {
-            answerNextMessageBox(title, text);
-            return;
-        }
-        *title = box->windowTitle();
-        *text = box->text();
-        box->accept();
-    });
-}
-
 QByteArray contents(const QString &path)
 {
     QFile f(path);
@@ -70,7 +56,7 @@ void TestDialogs::editCsvSavesAndConfirms()
     dialog.setText(dialog.text() + QStringLiteral("\n2012-09-24,1,1,1,1,1,0"));
     dialog.show();
     QString title, text;
-    answerNextMessageBox(&title, &text);
+    TestSupport::answerNextMessageBox(&text, &title);
     QTest::mouseClick(dialog.findChild<QPushButton *>(QStringLiteral("EditCsvDialogSave")),
                       Qt::LeftButton);
     QCOMPARE(title, QStringLiteral("Information"));
@@ -87,7 +73,7 @@ void TestDialogs::editCsvFailureKeepsDialogOpen()
     // The storage folder disappears while the dialog is open.
     QVERIFY(QDir(OrdaneData::storagePath()).removeRecursively());
     QString title, text;
-    answerNextMessageBox(&title, &text);
+    TestSupport::answerNextMessageBox(&text, &title);
     dialog.slotSave();
     QCOMPARE(title, QStringLiteral("Error"));
     QVERIFY(text.contains(QStringLiteral("GONE")));
