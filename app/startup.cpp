@@ -1,6 +1,7 @@
 #include "startup.h"
 
 #include "app/mainwindow.h"
+#include "data/heap.h"
 #include "data/home.h"
 #include "widgets/app.h"
 #include "widgets/language.h"
@@ -30,6 +31,7 @@ QString loadStyleSheet()
 
 int run(int &argc, char **argv)
 {
+    OrdaneData::Heap::reuseLargeBlocks();
     // 1. Identity first: the settings store is keyed by it.
     QMWidgets::App app(argc, argv, QStringLiteral("Skarvel"), QStringLiteral("Halcyra2"));
     QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));

@@ -1,5 +1,7 @@
 #include "benchsupport.h"
 
+#include "data/heap.h"
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 
@@ -43,6 +45,8 @@ QVector<QuoteBar> randomWalk(int n, quint64 seed)
 
 int run(int argc, char **argv, bool pictures)
 {
+    // As the program and its command-line tool do.
+    OrdaneData::Heap::reuseLargeBlocks();
     std::unique_ptr<QCoreApplication> app;
     if (pictures) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,4 +1,5 @@
 #include "cli/command.h"
+#include "data/heap.h"
 
 #include <QGuiApplication>
 
@@ -6,6 +7,7 @@
 
 int main(int argc, char **argv)
 {
+    OrdaneData::Heap::reuseLargeBlocks();
     QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
     QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
     QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));

@@ -1,7 +1,9 @@
 #include "averages.h"
 
 #include "seriesmath.h"
+#include "wide.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Indicators {
@@ -73,6 +75,53 @@ Result computeEnvelopes(const QVector<QuoteBar> &bars, const Params &params)
     return r;
 }
 
+namespace {
+// Middle and deviation of Bollinger's bands for bars [p, n): the mean of the p closes before
+// bar i, oldest first, and the root of the mean of their squared differences from it, each
+// difference widened to double before squaring. A block of bars is summed side by side so
+// that the compiler can vectorise across bars; every bar still adds its own terms in order.
+HALCYRA_WIDE void bollinger(int p, int n, const float *close, float *middle, float *deviation)
+{
+    constexpr int Block = 256;
+    float mean[Block];
+    float squares[Block];
+    for (int start = p; start < n; start += Block) {
+        const int count = std::min(Block, n - start);
+        const float *window = close + start - p; // window[l + j]: term j of bar start + l
+        std::fill(mean, mean + count, 0.0f);
+        for (int j = 0; j < p; ++j)
+            for (int l = 0; l < count; ++l)
+                mean[l] += window[l + j];
+        for (int l = 0; l < count; ++l)
+            mean[l] /= float(p);
+        std::fill(squares, squares + count, 0.0f);
+        const auto square = [&](int l, int j) {
+            const double d = window[l + j] - mean[l];
+            return d * d;
+        };
+        int j = 0;
+        // Four terms per pass keep a bar's sum in a register between them.
+        for (; j + 4 <= p; j += 4) {
+            for (int l = 0; l < count; ++l) {
+                float sum = squares[l];
+                sum = float(sum + square(l, j));
+                sum = float(sum + square(l, j + 1));
+                sum = float(sum + square(l, j + 2));
+                sum = float(sum + square(l, j + 3));
+                squares[l] = sum;
+            }
+        }
+        for (; j < p; ++j)
+            for (int l = 0; l < count; ++l)
+                squares[l] = float(squares[l] + square(l, j));
+        for (int l = 0; l < count; ++l) {
+            middle[start + l] = mean[l];
+            deviation[start + l] = std::sqrt(squares[l] / float(p));
+        }
+    }
+}
+} // namespace
+
 Result computeBollingerBands(const QVector<QuoteBar> &bars, const Params &params)
 {
     const int p = period(params, QStringLiteral("Period"), 20);
@@ -82,21 +131,17 @@ Result computeBollingerBands(const QVector<QuoteBar> &bars, const Params &params
     Series middle(n, 0.0f);
     Series upper(n, 0.0f);
     Series lower(n, 0.0f);
-    // Over the P closes before bar i, oldest first: unlike sma's, bar i is not among them.
-    for (int i = p; p >= 1 && i < n; ++i) {
-        float sum = 0.0f;
-        for (int j = i - p; j < i; ++j)
-            sum += close[j];
-        const float mean = sum / float(p);
-        float squares = 0.0f;
-        for (int j = i - p; j < i; ++j) {
-            const double d = close[j] - mean;
-            squares = float(squares + d * d);
+    if (p >= 1 && p < n) {
+        // The deviation goes into `upper` first, then both bands are formed from it.
+        float *m = middle.data();
+        float *u = upper.data();
+        float *l = lower.data();
+        bollinger(p, n, close.constData(), m, u);
+        for (int i = p; i < n; ++i) {
+            const float s = u[i];
+            u[i] = m[i] + width * s;
+            l[i] = m[i] - width * s;
         }
-        const float s = std::sqrt(squares / float(p));
-        middle[i] = mean;
-        upper[i] = mean + width * s;
-        lower[i] = mean - width * s;
     }
     Result r;
     r.buffers.insert(QStringLiteral("BollingerBandsMiddle"), middle);

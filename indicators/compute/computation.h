@@ -51,12 +51,14 @@ float param(const Params &params, const QString &name, float fallback = 0.0f);
 // A period: the parameter converted from float to int by truncation (saturating).
 int period(const Params &params, const QString &name, float fallback = 0.0f);
 
-// One field of every bar, as floats.
+// One field of every bar, as floats. The columns of the last long series read on this
+// thread are kept and handed out again (shared) while that series stays unchanged.
 Series closes(const QVector<QuoteBar> &bars);
 Series opens(const QVector<QuoteBar> &bars);
 Series highs(const QVector<QuoteBar> &bars);
 Series lows(const QVector<QuoteBar> &bars);
 Series volumes(const QVector<QuoteBar> &bars);
-Series medianPrices(const QVector<QuoteBar> &bars); // (high + low) * 0.5
+Series medianPrices(const QVector<QuoteBar> &bars);  // (high + low) * 0.5
+Series typicalPrices(const QVector<QuoteBar> &bars); // (high + low + close) / 3
 
 } // namespace Indicators

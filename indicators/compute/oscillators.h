@@ -90,9 +90,9 @@ inline float typicalPrice(const QuoteBar &bar)
 {
     return (bar.high() + bar.low() + bar.close()) / 3.0f;
 }
-// The true range of `count` bars: high - low at the first, then max(high, previous close) -
-// min(low, previous close).
-Series trueRanges(const QuoteBar *bars, int count);
+// The true range of `count` bars given by their columns: high - low at the first, then
+// max(high, previous close) - min(low, previous close).
+Series trueRanges(const float *high, const float *low, const float *close, int count);
 // Walks a series of n bars in consecutive chunks, calling part(from, begin, end) for the
 // bars [begin, end), where from = max(0, begin - history): every window that reaches
 // `history` bars back from a bar at or after `begin` lies within [from, end). Working series

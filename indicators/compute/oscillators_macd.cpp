@@ -16,14 +16,32 @@ struct MacdLines
 };
 
 // Both averages are seeded with the first close; the signal line averages the MACD line.
+// The same as ema(fast) - ema(slow) and ema(signal) of that, with the three averages run
+// in one loop: each waits only for its own previous value, so their steps overlap instead
+// of running one series after another. The caller has checked that the series is longer
+// than every period.
 MacdLines macdLines(const Series &close, int fast, int slow, int signal)
 {
-    MacdLines lines{ema(fast, close), Series()};
-    const Series s = ema(slow, close);
+    const int n = close.size();
+    MacdLines lines{Series(n), Series(n)};
+    const EmaStep fastStep(fast);
+    const EmaStep slowStep(slow);
+    const EmaStep signalStep(signal);
+    const float *c = close.constData();
     float *m = lines.macd.data();
-    for (int i = 0; i < close.size(); ++i)
-        m[i] -= s[i];
-    lines.signal = ema(signal, lines.macd);
+    float *s = lines.signal.data();
+    float f = c[0];
+    float w = c[0];
+    float g = f - w;
+    m[0] = g;
+    s[0] = g;
+    for (int i = 1; i < n; ++i) {
+        f = fastStep(f, c[i]);
+        w = slowStep(w, c[i]);
+        m[i] = f - w;
+        g = signalStep(g, m[i]);
+        s[i] = g;
+    }
     return lines;
 }
 

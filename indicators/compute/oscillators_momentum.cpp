@@ -2,6 +2,7 @@
 // rates of change of the close and the volume.
 
 #include "oscillators.h"
+#include "wide.h"
 
 #include <algorithm>
 
@@ -12,17 +13,29 @@ using namespace OscillatorParts;
 namespace {
 // From bar p on: the change against the value p bars back, in percent of that value, or
 // the raw change when that value is 0.
-template <typename Value> Series rateOfChange(int p, const QVector<QuoteBar> &bars, Value value)
+HALCYRA_WIDE Series rateOfChange(int p, const Series &values)
 {
-    const int n = bars.size();
+    const int n = values.size();
     Series r(n, 0.0f);
-    const QuoteBar *b = bars.constData();
+    const float *v = values.constData();
     float *out = r.data();
     for (int i = p; i < n; ++i) {
-        const float base = value(b[i - p]);
-        const float d = value(b[i]) - base;
+        const float base = v[i - p];
+        const float d = v[i] - base;
         out[i] = base == 0.0f ? d : d * 100.0f / base;
     }
+    return r;
+}
+
+// From bar p on: the close in percent of the close p bars back, worked in double.
+HALCYRA_WIDE Series momentum(int p, const Series &close)
+{
+    const int n = close.size();
+    Series r(n, 0.0f);
+    const float *c = close.constData();
+    float *out = r.data();
+    for (int i = p; i < n; ++i)
+        out[i] = float(double(c[i]) / double(c[i - p]) * 100.0);
     return r;
 }
 } // namespace
@@ -35,7 +48,8 @@ Result computeRSI(const QVector<QuoteBar> &bars, const Params &params)
         return zeroResult(n, {QStringLiteral("RSI")});
     Series r(n, 0.0f);
     float *out = r.data();
-    const QuoteBar *b = bars.constData();
+    const Series close = closes(bars);
+    const float *c = close.constData();
     // Average gain and loss: simple averages of the changes of bars 1 .. p (gains and losses
     // each summed oldest first), then each bar keeps (p - 1) / p of the previous average.
     // A change c > 0 is a gain; otherwise -c is a loss. g = max(c, 0) and g - c give
@@ -44,10 +58,10 @@ Result computeRSI(const QVector<QuoteBar> &bars, const Params &params)
     float gain = 0.0f;
     float loss = 0.0f;
     for (int j = 1; j <= p; ++j) {
-        const float c = b[j].close() - b[j - 1].close();
-        const float g = std::max(c, 0.0f);
+        const float change = c[j] - c[j - 1];
+        const float g = std::max(change, 0.0f);
         gain += g;
-        loss += g - c;
+        loss += g - change;
     }
     const float count = float(p);
     const float keep = float(p - 1);
@@ -58,10 +72,10 @@ Result computeRSI(const QVector<QuoteBar> &bars, const Params &params)
         out[j] = loss == 0.0f ? 0.0f : 100.0f - 100.0f / (1.0f + gain / loss);
         if (++j == n)
             break;
-        const float c = b[j].close() - b[j - 1].close();
-        const float g = std::max(c, 0.0f);
+        const float change = c[j] - c[j - 1];
+        const float g = std::max(change, 0.0f);
         gain = (gain * keep + g) / count;
-        loss = (loss * keep + (g - c)) / count;
+        loss = (loss * keep + (g - change)) / count;
     }
     return singleBuffer(QStringLiteral("RSI"), r);
 }
@@ -72,12 +86,7 @@ Result computeMomentum(const QVector<QuoteBar> &bars, const Params &params)
     const int n = bars.size();
     if (tooShort(n, {p}))
         return zeroResult(n, {QStringLiteral("Momentum")});
-    const QuoteBar *b = bars.constData();
-    Series r(n, 0.0f);
-    float *out = r.data();
-    for (int i = p; i < n; ++i)
-        out[i] = float(double(b[i].close()) / double(b[i - p].close()) * 100.0);
-    return singleBuffer(QStringLiteral("Momentum"), r);
+    return singleBuffer(QStringLiteral("Momentum"), momentum(p, closes(bars)));
 }
 
 Result computeROC(const QVector<QuoteBar> &bars, const Params &params)
@@ -85,8 +94,7 @@ Result computeROC(const QVector<QuoteBar> &bars, const Params &params)
     const int p = period(params, QStringLiteral("Period"), 12);
     if (tooShort(bars.size(), {p}))
         return zeroResult(bars.size(), {QStringLiteral("ROC")});
-    return singleBuffer(QStringLiteral("ROC"),
-                        rateOfChange(p, bars, [](const QuoteBar &b) { return b.close(); }));
+    return singleBuffer(QStringLiteral("ROC"), rateOfChange(p, closes(bars)));
 }
 
 Result computeVROC(const QVector<QuoteBar> &bars, const Params &params)
@@ -94,8 +102,7 @@ Result computeVROC(const QVector<QuoteBar> &bars, const Params &params)
     const int p = period(params, QStringLiteral("Period"), 25);
     if (tooShort(bars.size(), {p}))
         return zeroResult(bars.size(), {QStringLiteral("VROC")});
-    return singleBuffer(QStringLiteral("VROC"),
-                        rateOfChange(p, bars, [](const QuoteBar &b) { return float(b.volume()); }));
+    return singleBuffer(QStringLiteral("VROC"), rateOfChange(p, volumes(bars)));
 }
 
 } // namespace Indicators

@@ -1,6 +1,7 @@
 // Building blocks shared by the oscillators: guards, window extremes and window sums.
 
 #include "oscillators.h"
+#include "wide.h"
 
 #include <algorithm>
 #include <cmath>
@@ -130,7 +131,7 @@ void slideExtremes(int period, Series &lows, Series &highs)
     }
 }
 
-Series windowSums(int period, Series values)
+HALCYRA_WIDE Series windowSums(int period, Series values)
 {
     const int n = values.size();
     if (period < 1 || n < period) {
@@ -143,7 +144,7 @@ Series windowSums(int period, Series values)
     return values;
 }
 
-Series meanDeviations(int period, const Series &values, const Series &means)
+HALCYRA_WIDE Series meanDeviations(int period, const Series &values, const Series &means)
 {
     const int n = values.size();
     Series r(n, 0.0f);
@@ -157,17 +158,15 @@ Series meanDeviations(int period, const Series &values, const Series &means)
     return r;
 }
 
-Series trueRanges(const QuoteBar *b, int count)
+HALCYRA_WIDE Series trueRanges(const float *high, const float *low, const float *close, int count)
 {
     Series r(count, 0.0f);
     if (count == 0)
         return r;
     float *out = r.data();
-    out[0] = b[0].high() - b[0].low();
-    for (int i = 1; i < count; ++i) {
-        const float previous = b[i - 1].close();
-        out[i] = std::max(b[i].high(), previous) - std::min(b[i].low(), previous);
-    }
+    out[0] = high[0] - low[0];
+    for (int i = 1; i < count; ++i)
+        out[i] = std::max(high[i], close[i - 1]) - std::min(low[i], close[i - 1]);
     return r;
 }
 

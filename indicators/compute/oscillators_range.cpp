@@ -15,19 +15,12 @@ struct Extremes
     Series highest;
 };
 
-// The lowest low and the highest high of the p bars ending at each of `count` bars.
-Extremes extremes(const QuoteBar *b, int count, int p)
+// The lowest low and the highest high of the p bars ending at each bar of [from, end).
+Extremes extremes(const Series &lows, const Series &highs, int from, int end, int p)
 {
-    Series low(count);
-    Series high(count);
-    float *l = low.data();
-    float *h = high.data();
-    for (int j = 0; j < count; ++j) {
-        l[j] = b[j].low();
-        h[j] = b[j].high();
-    }
-    slideExtremes(p, low, high);
-    return {low, high};
+    Extremes e{lows.mid(from, end - from), highs.mid(from, end - from)};
+    slideExtremes(p, e.lowest, e.highest);
+    return e;
 }
 } // namespace
 
@@ -39,20 +32,23 @@ Result computeStochastic(const QVector<QuoteBar> &bars, const Params &params)
     const int n = bars.size();
     if (tooShort(n, {kPeriod, dPeriod, slowing}))
         return zeroResult(n, {QStringLiteral("K"), QStringLiteral("D")});
-    const QuoteBar *b = bars.constData();
+    const Series low = lows(bars);
+    const Series high = highs(bars);
+    const Series close = closes(bars);
+    const float *c = close.constData();
     const int first = kPeriod + slowing - 2;
     Series k(n, 0.0f);
     float *out = k.data();
     inChunks(n, first, [&](int from, int begin, int end) {
         // The extremes start from the sentinels 1e6 (low) and -1e6 (high), so prices beyond
         // them are clipped. Per bar: close - lowest and highest - lowest, in place.
-        Extremes e = extremes(b + from, end - from, kPeriod);
+        Extremes e = extremes(low, high, from, end, kPeriod);
         float *above = e.lowest.data();
         float *range = e.highest.data();
         for (int j = 0; j < end - from; ++j) {
             const float ll = std::min(above[j], 1000000.0f);
             const float hh = std::max(range[j], -1000000.0f);
-            above[j] = b[from + j].close() - ll;
+            above[j] = c[from + j] - ll;
             range[j] = hh - ll;
         }
         const Series sumAbove = windowSums(slowing, std::move(e.lowest));
@@ -74,17 +70,19 @@ Result computeWilliamsPR(const QVector<QuoteBar> &bars, const Params &params)
     const int n = bars.size();
     if (tooShort(n, {p}))
         return zeroResult(n, {QStringLiteral("WilliamsPR")});
-    const QuoteBar *b = bars.constData();
+    const Series low = lows(bars);
+    const Series high = highs(bars);
+    const Series close = closes(bars);
     Series r(n, 0.0f);
     float *out = r.data();
     inChunks(n, p - 1, [&](int from, int begin, int end) {
-        const Extremes e = extremes(b + from, end - from, p);
+        const Extremes e = extremes(low, high, from, end, p);
         for (int i = std::max(begin, p - 1); i < end; ++i) {
             const float hh = e.highest[i - from];
             const float range = hh - e.lowest[i - from];
             // A flat window reads as the bottom of its scale; a close outside its bar's
             // range (inconsistent data) is held to the scale.
-            const float v = range == 0.0f ? -100.0f : (hh - b[i].close()) / range * -100.0f;
+            const float v = range == 0.0f ? -100.0f : (hh - close[i]) / range * -100.0f;
             out[i] = std::min(std::max(v, -100.0f), 0.0f);
         }
     });
@@ -97,16 +95,14 @@ Result computeCCI(const QVector<QuoteBar> &bars, const Params &params)
     const int n = bars.size();
     if (tooShort(n, {p}))
         return zeroResult(n, {QStringLiteral("CCI")});
-    const QuoteBar *b = bars.constData();
+    const Series typicalPrice = typicalPrices(bars);
     Series r(n, 0.0f);
     float *out = r.data();
     // A chunk keeps p bars of history, one more than a window needs, so that it is always
     // longer than the period that sma guards against.
     inChunks(n, p, [&](int from, int begin, int end) {
-        Series typical(end - from);
-        float *t = typical.data();
-        for (int j = 0; j < end - from; ++j)
-            t[j] = typicalPrice(b[from + j]);
+        const Series typical = typicalPrice.mid(from, end - from);
+        const float *t = typical.constData();
         // Lambert (1980): (typical - its mean) / (0.015 * mean absolute deviation); 0 where
         // the deviation is 0.
         const Series mean = sma(p, typical);

@@ -31,7 +31,11 @@ Directional directional(const QVector<QuoteBar> &bars, int p)
         up[i - 1] = u > d && u > 0.0f ? u : 0.0f;
         down[i - 1] = d > u && d > 0.0f ? d : 0.0f;
     }
-    const Series range = shift(1, smma(p, trueRanges(bars.constData(), n).mid(1)));
+    const Series high = highs(bars);
+    const Series low = lows(bars);
+    const Series close = closes(bars);
+    const Series trueRange = trueRanges(high.constData(), low.constData(), close.constData(), n);
+    const Series range = shift(1, smma(p, trueRange.mid(1)));
     const Series plus = shift(1, smma(p, up));
     const Series minus = shift(1, smma(p, down));
     Directional di{Series(n, 0.0f), Series(n, 0.0f)};
@@ -66,10 +70,14 @@ Result computeATR(const QVector<QuoteBar> &bars, const Params &params)
     // A chunk keeps p bars of history: one more than a window needs, so that it is always
     // longer than the period that sma guards against. Its first true range, which lacks the
     // close before it, is never inside a window that is kept.
+    const Series high = highs(bars);
+    const Series low = lows(bars);
+    const Series close = closes(bars);
     Series r(n, 0.0f);
     float *out = r.data();
     inChunks(n, p, [&](int from, int begin, int end) {
-        const Series atr = sma(p, trueRanges(bars.constData() + from, end - from));
+        const Series atr = sma(p, trueRanges(high.constData() + from, low.constData() + from,
+                                             close.constData() + from, end - from));
         std::copy(atr.begin() + (begin - from), atr.end(), out + begin);
     });
     return singleBuffer(QStringLiteral("ATR"), r);

@@ -38,18 +38,19 @@ Result computeOBV(const QVector<QuoteBar> &bars, const Params &)
     Series r(n, 0.0f);
     if (n == 0)
         return singleBuffer(QStringLiteral("OBV"), r);
-    const QuoteBar *b = bars.constData();
+    const Series close = closes(bars);
+    const Series volume = volumes(bars);
+    const float *c = close.constData();
+    const float *v = volume.constData();
     float *out = r.data();
-    float total = float(b[0].volume());
+    float total = v[0];
     out[0] = total;
     for (int i = 1; i < n; ++i) {
         // The direction 1, -1 or 0 times the volume is exactly v, -v or 0 (adding a zero
         // leaves the total as it is), without a branch that a random walk would mispredict
         // half of the time.
-        const float close = b[i].close();
-        const float previous = b[i - 1].close();
-        const int direction = int(close > previous) - int(close < previous);
-        total += float(direction) * float(b[i].volume());
+        const int direction = int(c[i] > c[i - 1]) - int(c[i] < c[i - 1]);
+        total += float(direction) * v[i];
         out[i] = total;
     }
     return singleBuffer(QStringLiteral("OBV"), r);
@@ -84,7 +85,10 @@ Result computeMFI(const QVector<QuoteBar> &bars, const Params &params)
     // Each bar's money flow, volume times typical price, counts as positive when the typical
     // price rose against the bar before and as negative when it fell. Adding the 0 of the
     // other bars changes no sum, so the window sums take every bar.
-    const QuoteBar *b = bars.constData();
+    const Series typicalPrice = typicalPrices(bars);
+    const Series volume = volumes(bars);
+    const float *t = typicalPrice.constData();
+    const float *v = volume.constData();
     Series r(n, 0.0f);
     float *out = r.data();
     inChunks(n, p, [&](int from, int begin, int end) {
@@ -92,13 +96,10 @@ Result computeMFI(const QVector<QuoteBar> &bars, const Params &params)
         Series down(end - from, 0.0f);
         float *u = up.data();
         float *d = down.data();
-        float before = typicalPrice(b[from]);
-        for (int j = 1; j < end - from; ++j) {
-            const float typical = typicalPrice(b[from + j]);
-            const float flow = float(b[from + j].volume()) * typical;
-            u[j] = typical > before ? flow : 0.0f;
-            d[j] = typical < before ? flow : 0.0f;
-            before = typical;
+        for (int j = from + 1; j < end; ++j) {
+            const float flow = v[j] * t[j];
+            u[j - from] = t[j] > t[j - 1] ? flow : 0.0f;
+            d[j - from] = t[j] < t[j - 1] ? flow : 0.0f;
         }
         const Series positive = windowSums(p, std::move(up));
         const Series negative = windowSums(p, std::move(down));

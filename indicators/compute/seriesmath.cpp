@@ -1,5 +1,7 @@
 #include "seriesmath.h"
 
+#include "wide.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -69,7 +71,7 @@ void sumBars(int first, int n, int terms, float *out, Term term, Finish finish)
         sumBlock(std::min(i, n - Block), terms, out, term, finish);
 }
 
-Series deviation(int period, const Series &source, int f)
+HALCYRA_WIDE Series deviation(int period, const Series &source, int f)
 {
     const int n = source.size();
     if (guarded(period, source) || period - f <= 0)
@@ -116,7 +118,7 @@ void countBelow(const float *w, int period, float leaving, float entering, int &
 }
 } // namespace
 
-Series sma(int period, const Series &source)
+HALCYRA_WIDE Series sma(int period, const Series &source)
 {
     const int n = source.size();
     if (guarded(period, source))
@@ -136,15 +138,14 @@ Series ema(int period, const Series &source)
     const int n = source.size();
     if (guarded(period, source))
         return Series(n, 0.0f);
-    const float k = 2.0f / float(period + 1);
-    const double rest = 1.0 - double(k);
+    const EmaStep step(period);
     const float *s = source.constData();
     Series r(n, 0.0f);
     float *out = r.data();
     float previous = s[0];
     out[0] = previous;
     for (int i = 1; i < n; ++i) {
-        previous = float(double(s[i] * k) + double(previous) * rest);
+        previous = step(previous, s[i]);
         out[i] = previous;
     }
     return r;
@@ -172,7 +173,7 @@ Series smma(int period, const Series &source)
     return r;
 }
 
-Series wma(int period, const Series &source)
+HALCYRA_WIDE Series wma(int period, const Series &source)
 {
     const int n = source.size();
     if (guarded(period, source))

@@ -16,6 +16,24 @@ Series sma(int period, const Series &source);
 // r[i] = s[i] * k + r[i - 1] * (1 - k), with k = 2 / (P + 1) a float and 1 - k and the sum
 // in double; every r[i] is rounded to float.
 Series ema(int period, const Series &source);
+// One step of ema, for loops that run several averages side by side: the average after
+// `value` given the one before it, rounded exactly as ema rounds it.
+class EmaStep
+{
+public:
+    explicit EmaStep(int period)
+        : k(2.0f / float(period + 1))
+        , rest(1.0 - double(k))
+    {}
+    float operator()(float previous, float value) const
+    {
+        return float(double(value * k) + double(previous) * rest);
+    }
+
+private:
+    float k;
+    double rest;
+};
 // Smoothed moving average: P - 1 zeros, the mean of the first P values at P - 1, then
 // S = S - r[i - 1] + s[i] and r[i] = S / P.
 Series smma(int period, const Series &source);

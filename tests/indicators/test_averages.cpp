@@ -53,6 +53,8 @@ private slots:
     void handComputed_data();
     void handComputed();
     void bollingerBandsAroundMiddle();
+    void bollingerBandsMatchThePlainLoop();
+    void columnsFollowTheirSeries();
 };
 
 // Empty, shorter than the default periods, and long: every buffer, no more, one value a bar;
@@ -146,6 +148,57 @@ void TestAverages::bollingerBandsAroundMiddle()
         QVERIFY(std::abs((upper[i] - middle[i]) - (middle[i] - lower[i])) <= tolerance);
         QVERIFY(std::abs(middle[i] - average[i - 1]) <= tolerance);
     }
+}
+
+// The bands are worked out for many bars side by side; bar by bar, as stated, over a series
+// long enough for several blocks, they are the same to the bit.
+void TestAverages::bollingerBandsMatchThePlainLoop()
+{
+    const Series close = walk(5000);
+    for (const int p : {1, 7, 20}) {
+        const Result r = computeBollingerBands(bars(close), with({{"Period", float(p)}}));
+        for (int i = p; i < close.size(); ++i) {
+            float sum = 0.0f;
+            for (int j = i - p; j < i; ++j)
+                sum += close[j];
+            const float mean = sum / float(p);
+            float squares = 0.0f;
+            for (int j = i - p; j < i; ++j) {
+                const double d = close[j] - mean;
+                squares = float(squares + d * d);
+            }
+            const float s = std::sqrt(squares / float(p));
+            QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsMiddle"))[i], mean);
+            QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsUpper"))[i], mean + 2.0f * s);
+            QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsLower"))[i], mean - 2.0f * s);
+        }
+    }
+}
+
+// The price columns of a long series are kept between computations; a changed series, a
+// copy changed afterwards, or another series of the same length must never get the old ones.
+void TestAverages::columnsFollowTheirSeries()
+{
+    QVector<QuoteBar> series = bars(walk(6000));
+    const Series before = closes(series);
+    QCOMPARE(before[100], series[100].close());
+
+    QVector<QuoteBar> copy = series;
+    series[100] = QuoteBar(series[100].date(), 1, 2, 0.5f, 1.5f, 7);
+    QCOMPARE(closes(series)[100], 1.5f);
+    QCOMPARE(volumes(series)[100], 7.0f);
+    QCOMPARE(closes(copy)[100], before[100]);
+
+    copy.last() = QuoteBar(copy.last().date(), 1, 2, 0.5f, 1.25f, 7);
+    QCOMPARE(closes(copy).last(), 1.25f);
+    QCOMPARE(closes(copy)[100], before[100]);
+
+    const QVector<QuoteBar> other = bars(Series(6000, 3.0f));
+    QCOMPARE(closes(other)[100], 3.0f);
+    QCOMPARE(highs(other)[100], 4.0f);
+    QCOMPARE(closes(series)[100], 1.5f);
+    // The short ones are never kept, and answer just the same.
+    QCOMPARE(closes(series.mid(0, 200))[100], 1.5f);
 }
 
 QTEST_GUILESS_MAIN(TestAverages)

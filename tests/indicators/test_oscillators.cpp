@@ -3,6 +3,7 @@
 // straightforward rescans and branches they replace.
 
 #include "indicators/compute/oscillators.h"
+#include "indicators/compute/seriesmath.h"
 
 #include <QDir>
 #include <QFile>
@@ -329,6 +330,15 @@ void TestOscillators::fastFormsMatchPlainForms()
     QCOMPARE(firstDifference(buffer("RSI", b, "RSI"), rsi), -1);
     QCOMPARE(firstDifference(buffer("OBV", b, "OBV"), obv), -1);
     QCOMPARE(firstDifference(buffer("MFI", b, "MFI").mid(15), mfi.mid(15)), -1);
+
+    // MACD runs its three averages in one loop: the same as one average after another.
+    const Series closeSeries = closes(b);
+    Series macd = ema(12, closeSeries);
+    const Series slow = ema(26, closeSeries);
+    for (int i = 0; i < n; ++i)
+        macd[i] -= slow[i];
+    QCOMPARE(firstDifference(buffer("MACD", b, "MACD"), macd), -1);
+    QCOMPARE(firstDifference(buffer("MACD", b, "SMA"), ema(9, macd)), -1);
 }
 
 QTEST_GUILESS_MAIN(TestOscillators)
