@@ -1,177 +1,326 @@
 #include "mainwindow.h"
 
+#include "browser/storagebrowser.h"
 #include "data/home.h"
-#include "data/reader.h"
-#include "data/ui/editcsvdialog.h"
-#include "indicators/catalogue.h"
+#include "indicators/ui/indicatorfactorywidget.h"
+#include "view/charttemplate.h"
+#include "view/ui/viewparameters.h"
 #include "view/ui/viewscontainer.h"
 #include "widgets/app.h"
+#include "widgets/language.h"
+#include "widgets/languagepage.h"
 #include "widgets/reminders.h"
 #include "widgets/remindersdialog.h"
+#include "widgets/settingsdialog.h"
 #include "widgets/updater.h"
 #include "widgets/updaterpage.h"
+#include "widgets/updatespage.h"
+#include "widgets/virtualresolutiondialog.h"
 
+#include <QActionGroup>
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
-#include <QHeaderView>
-#include <QInputDialog>
-#include <QLabel>
+#include <QDockWidget>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QScrollBar>
-#include <QSplitter>
+#include <QSettings>
 #include <QStatusBar>
-#include <QTreeWidget>
+#include <QToolBar>
+#include <QToolButton>
 #include <QUrl>
-#include <QVBoxLayout>
 
 namespace Halcyra {
 
+namespace {
+const QString kGeometry = QStringLiteral("MainWindow/Geometry");
+const QString kState = QStringLiteral("MainWindow/State");
+// Bumped when the docks change, so that a layout saved by an older build is not applied.
+constexpr int kStateVersion = 1;
+
+const struct
+{
+    const char *text;
+    const char *code;
+    const char *picture;
+} kLanguages[] = {
+    {QT_TRANSLATE_NOOP("Halcyra::MainWindow", "&English"), "en", ":/pix/fen.bmp"},
+    {QT_TRANSLATE_NOOP("Halcyra::MainWindow", "&Russian"), "ru", ":/pix/fru.bmp"},
+    {QT_TRANSLATE_NOOP("Halcyra::MainWindow", "&German"), "de", ":/pix/fde.bmp"},
+};
+} // namespace
+
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
-    , mSymbols(new QTreeWidget(this))
     , mViews(new OrdaneView::ViewsContainer(this))
+    , mBrowser(new OrdaneBrowser::StorageBrowser(this))
+    , mIndicators(new OrdaneView::IndicatorFactoryWidget(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Halcyra %1").arg(QCoreApplication::applicationVersion()));
+    setDockNestingEnabled(true);
+    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
 
-    auto *side = new QWidget(this);
-    auto *heading = new QLabel(tr("Stored symbols"), side);
-    heading->setObjectName(QStringLiteral("MainWindowHeading"));
-    mSymbols->setObjectName(QStringLiteral("MainWindowSymbols"));
-    mSymbols->setRootIsDecorated(false);
-    mSymbols->setAlternatingRowColors(true);
-    mSymbols->setHeaderLabels({tr("Symbol"), tr("Bars"), tr("Last day"), tr("Last close")});
-    mSymbols->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    mSymbols->header()->setStretchLastSection(false);
-    mSymbols->setSortingEnabled(true);
-    mSymbols->setContextMenuPolicy(Qt::CustomContextMenu);
-    auto *hint = new QLabel(tr("Double-click a symbol to chart it."), side);
-    hint->setObjectName(QStringLiteral("MainWindowHint"));
-    hint->setWordWrap(true);
-    auto *sideLayout = new QVBoxLayout(side);
-    sideLayout->setContentsMargins(6, 4, 0, 6);
-    sideLayout->addWidget(heading);
-    sideLayout->addWidget(mSymbols, 1);
-    sideLayout->addWidget(hint);
+    // The work area is all docks; the chart dock takes the room a central widget would.
+    // The candle-pattern panel comes with pattern recognition; the dock waits for it.
+    auto *guru = new QWidget(this);
+    QDockWidget *work =
+        addDock(QStringLiteral("WorkAreaDock"), tr("Work Area"), mViews, Qt::RightDockWidgetArea);
+    QDockWidget *browser =
+        addDock(QStringLiteral("BrowserDock"), tr("Browser"), mBrowser, Qt::LeftDockWidgetArea);
+    QDockWidget *indicators = addDock(QStringLiteral("IndicatorsDock"), tr("Indicators"),
+                                      mIndicators, Qt::LeftDockWidgetArea);
+    QDockWidget *candles =
+        addDock(QStringLiteral("CandleGuruDock"), tr("Candle Guru"), guru, Qt::LeftDockWidgetArea);
+    splitDockWidget(browser, work, Qt::Horizontal);
+    splitDockWidget(browser, indicators, Qt::Vertical);
+    tabifyDockWidget(indicators, candles);
+    indicators->raise();
+    resizeDocks({browser, work}, {300, 980}, Qt::Horizontal);
+    resizeDocks({browser, indicators}, {430, 300}, Qt::Vertical);
 
-    auto *centre = new QSplitter(Qt::Horizontal, this);
-    centre->setObjectName(QStringLiteral("MainWindowSplitter"));
-    centre->addWidget(side);
-    centre->addWidget(mViews);
-    centre->setStretchFactor(1, 1);
-    centre->setSizes({310, 970});
-    setCentralWidget(centre);
+    buildMenus();
+    buildMenuPanel();
 
-    QMenu *indicators = menuBar()->addMenu(tr("&Indicators"));
-    indicators->addAction(tr("Add in a &Pane..."), this, [this] { addIndicator(false); });
-    indicators->addAction(tr("Add over the &Chart..."), this, [this] { addIndicator(true); });
+    // In the stated order.
+    connect(mViews, &OrdaneView::ViewsContainer::templateChanged, this,
+            &MainWindow::slotTemplateChanged);
+    connect(mIndicators, &OrdaneView::IndicatorFactoryWidget::addIndicators, mViews,
+            &OrdaneView::ViewsContainer::slotTriggerNewIndicatorView);
+    connect(mIndicators, &OrdaneView::IndicatorFactoryWidget::addChartIndicators, mViews,
+            &OrdaneView::ViewsContainer::slotTriggerChartIndicators);
 
-    QMenu *tools = menuBar()->addMenu(tr("&Tools"));
-    tools->addAction(tr("Chart &Colours..."), mViews,
-                     &OrdaneView::ViewsContainer::showViewSettings);
-    tools->addAction(tr("&Reminders..."), this, &MainWindow::slotReminders);
-    tools->addAction(tr("Check for &Updates..."), this, &MainWindow::slotCheckUpdates);
-    tools->addAction(tr("Go to data folder"), this, &MainWindow::slotGotoDataFolder);
-    tools->addSeparator();
-    tools->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
-    QMenu *help = menuBar()->addMenu(tr("&Help"));
-    help->addAction(tr("&About"), this, &MainWindow::slotAbout);
-
-    statusBar()->showMessage(QDir::toNativeSeparators(OrdaneData::Home::path()));
-
-    connect(mSymbols, &QTreeWidget::itemActivated, this,
-            [this](QTreeWidgetItem *item) { mViews->slotFetchChartData(item->text(0)); });
-    connect(mSymbols, &QWidget::customContextMenuRequested, this, [this](const QPoint &pos) {
-        QTreeWidgetItem *item = mSymbols->itemAt(pos);
-        if (!item)
-            return;
-        QMenu menu;
-        const QString symbol = item->text(0);
-        menu.addAction(tr("&Chart"), this, [this, symbol] { mViews->slotFetchChartData(symbol); });
-        menu.addAction(tr("&Edit Quotes..."), this, [this, symbol] { editSymbol(symbol); });
-        menu.exec(mSymbols->viewport()->mapToGlobal(pos));
+    connect(mBrowser, &OrdaneBrowser::StorageBrowser::chartItemSeletected, mViews,
+            &OrdaneView::ViewsContainer::slotSetReader);
+    connect(mViews, &OrdaneView::ViewsContainer::message, this,
+            [this](const QString &text) { statusBar()->showMessage(text, 8000); });
+    connect(this, &MainWindow::showFullScreen, this, [this](bool on) {
+        if (on)
+            QWidget::showFullScreen();
+        else
+            showNormal();
+    });
+    connect(this, &MainWindow::showVirtualResoltionSettings, this, [this] {
+        auto *dialog = new QMWidgets::VirtualResolutionDialog(this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
     });
     if (auto *app = QMWidgets::App::instance())
         connect(app->reminders(), &QMWidgets::Reminders::remind, this, &MainWindow::showReminder);
 
-    slotFillStoredSymbols();
-    if (mSymbols->topLevelItemCount() > 0) {
-        // The first symbol of the default list when it is stored, else the first stored.
-        const auto found = mSymbols->findItems(QStringLiteral("ADS.DE"), Qt::MatchExactly);
-        QTreeWidgetItem *first = found.isEmpty() ? mSymbols->topLevelItem(0) : found.first();
-        mSymbols->setCurrentItem(first);
-        mViews->slotFetchChartData(first->text(0));
-    }
-    resize(1280, 760);
+    resize(1280, 800);
+    const QSettings settings;
+    restoreGeometry(settings.value(kGeometry).toByteArray());
+    restoreState(settings.value(kState).toByteArray(), kStateVersion);
+
+    restoreLastTemplate();
+    mBrowser->slotFillChartItems();
+    mBrowser->restoreSelection();
+    statusBar()->showMessage(QDir::toNativeSeparators(OrdaneData::Home::path()), 8000);
 }
 
-void MainWindow::slotFillStoredSymbols()
+QDockWidget *MainWindow::addDock(const QString &objectName, const QString &title, QWidget *content,
+                                 Qt::DockWidgetArea area)
 {
-    mSymbols->clear();
-    const QDir storage(OrdaneData::Home::storagePath());
-    const QStringList files = storage.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
-    for (const QString &file : files) {
-        OrdaneData::Reader reader;
-        reader.loadFile(storage.filePath(file));
-        auto *item = new QTreeWidgetItem(mSymbols);
-        item->setText(0, file.chopped(4));
-        item->setData(1, Qt::DisplayRole, reader.count());
-        if (!reader.isEmpty()) {
-            item->setToolTip(0, tr("%1 bars from %2 to %3")
-                                    .arg(reader.count())
-                                    .arg(reader.bar(0).date().toString(Qt::ISODate),
-                                         reader.bars().constLast().date().toString(Qt::ISODate)));
-            item->setText(2, reader.bars().constLast().date().toString(Qt::ISODate));
-            item->setText(3, QString::number(double(reader.bars().constLast().close()), 'f', 2));
+    auto *dock = new QDockWidget(title, this);
+    dock->setObjectName(objectName);
+    dock->setWidget(content);
+    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable |
+                      QDockWidget::DockWidgetClosable);
+    addDockWidget(area, dock);
+    mDocks.append(dock);
+    return dock;
+}
+
+void MainWindow::buildMenus()
+{
+    const auto action = [this](QMenu *menu, const QString &objectName, const QString &text,
+                               const QKeySequence &shortcut = {}) {
+        QAction *a = menu->addAction(text);
+        a->setObjectName(objectName);
+        a->setShortcut(shortcut);
+        return a;
+    };
+
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    QAction *a = action(view, QStringLiteral("actionFullScreen"), tr("Full &Screen"),
+                        QKeySequence(QStringLiteral("CTRL+ALT+S")));
+    connect(a, &QAction::triggered, this, &MainWindow::slotFullScreen);
+    a = action(view, QStringLiteral("actionVirtualResolution"), tr("&Virtual Resolution"),
+               QKeySequence(QStringLiteral("CTRL+ALT+V")));
+    a->setToolTip(tr("Virtul Resolution"));
+    a->setStatusTip(tr("Virtul Resolution"));
+    connect(a, &QAction::triggered, this, &MainWindow::slotVR);
+    view->addSeparator();
+    a = action(view, QStringLiteral("actionLoadTemplate"), tr("Load &Template"),
+               QKeySequence(QStringLiteral("CTRL+ALT+T")));
+    connect(a, &QAction::triggered, mViews, &OrdaneView::ViewsContainer::slotLoadTemplate);
+    a = action(view, QStringLiteral("actionSaveTemplate"), tr("Save T&emplate"),
+               QKeySequence(QStringLiteral("CTRL+ALT+A")));
+    connect(a, &QAction::triggered, mViews, &OrdaneView::ViewsContainer::slotSaveTemplate);
+    QMenu *templates = view->addMenu(tr("&Predefined Templates"));
+    templates->setObjectName(QStringLiteral("menuPredefinedTemplates"));
+    for (const OrdaneView::BuiltinTemplate &t : OrdaneView::builtinTemplates()) {
+        QAction *entry = templates->addAction(
+            QCoreApplication::translate("OrdaneView::ChartTemplate", t.menuText));
+        entry->setData(QLatin1String(t.resource));
+        connect(entry, &QAction::triggered, this, &MainWindow::slotSetTemplate);
+    }
+    view->addSeparator();
+    for (QDockWidget *dock : qAsConst(mDocks))
+        view->addAction(dock->toggleViewAction());
+
+    QMenu *tools = menuBar()->addMenu(tr("&Tools"));
+    a = action(tools, QStringLiteral("actionSettings"), tr("&Settings..."),
+               QKeySequence(QStringLiteral("CTRL+O")));
+    a->setStatusTip(tr("Open a Settings Dialog"));
+    connect(a, &QAction::triggered, this, &MainWindow::slotSettings);
+    a = action(tools, QStringLiteral("actionReminders"), tr("&Reminders..."));
+    connect(a, &QAction::triggered, this, &MainWindow::slotReminders);
+    a = action(tools, QStringLiteral("actionCheckUpdates"), tr("Check for &Updates..."));
+    connect(a, &QAction::triggered, this, &MainWindow::slotCheckUpdates);
+    a = action(tools, QStringLiteral("actionGotoDataFolder"), tr("Go to data folder"));
+    connect(a, &QAction::triggered, this, &MainWindow::slotGotoDataFolder);
+    tools->addSeparator();
+    a = action(tools, QStringLiteral("actionQuit"), tr("&Quit"), QKeySequence::Quit);
+    connect(a, &QAction::triggered, this, &QWidget::close);
+
+    QMenu *languages = menuBar()->addMenu(tr("&Languages"));
+    auto *group = new QActionGroup(this);
+    const QString current = QMWidgets::interfaceLanguage();
+    for (const auto &language : kLanguages) {
+        a = languages->addAction(QIcon(QLatin1String(language.picture)), tr(language.text));
+        a->setObjectName(QStringLiteral("actionLanguage_") + QLatin1String(language.code));
+        a->setData(QLatin1String(language.code));
+        a->setCheckable(true);
+        a->setChecked(current == QLatin1String(language.code));
+        group->addAction(a);
+        connect(a, &QAction::triggered, this, &MainWindow::slotLanguageChanged);
+    }
+
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    a = action(help, QStringLiteral("actionAbout"), tr("&About"));
+    connect(a, &QAction::triggered, this, &MainWindow::slotAbout);
+
+    mMainMenu = new QMenu(this);
+    for (QMenu *menu : {view, tools, languages, help})
+        mMainMenu->addMenu(menu);
+}
+
+void MainWindow::buildMenuPanel()
+{
+    auto *panel = new QToolBar(tr("Menu Panel"), this);
+    panel->setObjectName(QStringLiteral("MenuPanel"));
+    panel->setMovable(false);
+    panel->setFloatable(false);
+    panel->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    addToolBar(Qt::TopToolBarArea, panel);
+
+    const auto button = [this, panel](const char *objectName, const QString &caption,
+                                      const char *action) {
+        auto *b = new QToolButton(panel);
+        b->setObjectName(QLatin1String(objectName));
+        b->setText(caption);
+        b->setAutoRaise(true);
+        panel->addWidget(b);
+        QAction *a = *action ? findChild<QAction *>(QLatin1String(action)) : nullptr;
+        if (a) {
+            b->setToolTip(a->text().remove(QLatin1Char('&')));
+            connect(b, &QToolButton::clicked, a, &QAction::trigger);
         }
-        for (int c = 1; c < 4; ++c)
-            item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-    }
-    mSymbols->sortByColumn(0, Qt::AscendingOrder);
-    // Wide enough for every column in any language, so the list never scrolls sideways.
-    for (int c = 0; c < mSymbols->columnCount(); ++c)
-        mSymbols->resizeColumnToContents(c);
-    mSymbols->setMinimumWidth(mSymbols->header()->length() + 2 * mSymbols->frameWidth() +
-                              mSymbols->verticalScrollBar()->sizeHint().width());
+        return b;
+    };
+    QToolButton *menu = button("MenuPanelMenu", tr("Menu"), "");
+    menu->setMenu(mMainMenu);
+    menu->setPopupMode(QToolButton::InstantPopup);
+    button("MenuPanelSettings", tr("Settings"), "actionSettings");
+    button("MenuPanelFullScreen", tr("Full Screen"), "actionFullScreen");
+    button("MenuPanelVirtualResolution", tr("Virtual Resolution"), "actionVirtualResolution");
+    button("MenuPanelLoadTemplate", tr("Load Template"), "actionLoadTemplate");
+    button("MenuPanelSaveTemplate", tr("Save Template"), "actionSaveTemplate");
+    button("MenuPanelHelp", tr("Help"), "actionAbout");
 }
 
-void MainWindow::editSymbol(const QString &symbol)
+QString MainWindow::lastTemplatePath()
 {
-    auto *dialog = new OrdaneData::EditCsvDialog(symbol, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &OrdaneData::EditCsvDialog::saved, this, &MainWindow::slotFillStoredSymbols);
-    connect(dialog, &OrdaneData::EditCsvDialog::saved, this, [this](const QString &saved) {
-        if (!mViews->reader().isNull() && mViews->reader()->symbol() == saved)
-            mViews->slotFetchChartData();
-    });
-    dialog->open();
+    return OrdaneView::ViewsContainer::templatesFolder() + QStringLiteral("/lasttemplate.tt");
 }
 
-void MainWindow::addIndicator(bool overChart)
+bool MainWindow::saveLastTemplate(QString *error) const
 {
-    // The listed indicators first, in list order, then the ones made for templates.
-    QStringList ids = OrdaneView::listedIndicators();
-    for (const OrdaneView::IndicatorEntry &entry : OrdaneView::catalogue())
-        if (!ids.contains(QLatin1String(entry.id)))
-            ids << QLatin1String(entry.id);
-    QStringList items;
-    for (const QString &id : qAsConst(ids)) {
-        const QString title = OrdaneView::indicatorTitle(id);
-        items << (title == id ? id : QStringLiteral("%1 (%2)").arg(title, id));
+    QDir().mkpath(OrdaneView::ViewsContainer::templatesFolder());
+    return mViews->saveTemplate(lastTemplatePath(), error);
+}
+
+QString MainWindow::restoreLastTemplate()
+{
+    OrdaneView::ChartTemplate t;
+    QString path = lastTemplatePath();
+    if (!QFile::exists(path) || !OrdaneView::readTemplateFile(path, &t)) {
+        path = OrdaneView::fallbackTemplate();
+        OrdaneView::readTemplateFile(path, &t);
     }
-    bool ok = false;
-    const QString chosen =
-        QInputDialog::getItem(this, overChart ? tr("Add over the Chart") : tr("Add in a Pane"),
-                              tr("Indicator:"), items, 0, false, &ok);
-    const int index = items.indexOf(chosen);
-    if (!ok || index < 0)
+    const QStringList unknown = mViews->applyTemplate(t);
+    if (!unknown.isEmpty())
+        statusBar()->showMessage(
+            tr("Unknown indicators left out: %1").arg(unknown.join(QStringLiteral(", "))), 8000);
+    return path;
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    QSettings settings;
+    settings.setValue(kGeometry, saveGeometry());
+    settings.setValue(kState, saveState(kStateVersion));
+    QString error;
+    if (!saveLastTemplate(&error))
+        qWarning("The chart set-up could not be kept: %s", qPrintable(error));
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::slotSettings()
+{
+    QMWidgets::SettingsDialog dialog(this);
+    auto *colours = new OrdaneView::ViewSettings;
+    connect(colours, &OrdaneView::ViewSettings::applied, mViews,
+            &OrdaneView::ViewsContainer::slotUpdate);
+    dialog.addPage(colours, tr("Chart Colours"), QIcon(QStringLiteral(":/pix/chart_candle.png")));
+    auto *language = new QMWidgets::LanguagePage;
+    dialog.addPage(language, tr("Language"), QIcon(QStringLiteral(":/pix/fen.bmp")));
+    dialog.addPage(new QMWidgets::UpdatesPage, tr("Updates"), QIcon(QStringLiteral(":/app.png")));
+    dialog.exec();
+}
+
+void MainWindow::slotFullScreen()
+{
+    emit showFullScreen(!isFullScreen());
+}
+
+void MainWindow::slotVR()
+{
+    emit showVirtualResoltionSettings();
+}
+
+void MainWindow::slotSetTemplate()
+{
+    if (auto *a = qobject_cast<QAction *>(sender()))
+        mViews->slotSetTemplate(a->data().toString());
+}
+
+void MainWindow::slotLanguageChanged()
+{
+    auto *a = qobject_cast<QAction *>(sender());
+    if (!a)
         return;
-    if (overChart)
-        mViews->slotTriggerChartIndicators({ids.at(index)});
-    else
-        mViews->slotTriggerNewIndicatorView({ids.at(index)});
+    QMWidgets::storeLanguage(a->data().toString());
+    QMWidgets::tellLanguageChanged(this);
+}
+
+void MainWindow::slotTemplateChanged()
+{
+    statusBar()->showMessage(tr("Template loaded"), 4000);
 }
 
 void MainWindow::slotGotoDataFolder()

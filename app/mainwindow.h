@@ -2,17 +2,27 @@
 
 #include <QMainWindow>
 
-class QTreeWidget;
-class QTreeWidgetItem;
+class QDockWidget;
+class QMenu;
 
-namespace OrdaneView {
-class ViewsContainer;
+namespace OrdaneBrowser {
+class StorageBrowser;
 }
+namespace OrdaneView {
+class IndicatorFactoryWidget;
+class ViewsContainer;
+} // namespace OrdaneView
 
 namespace Halcyra {
 
-// The program's one top-level window: the stored symbols beside the chart area. A
-// double-click charts a symbol; its context menu edits the stored quotes.
+// The program's one top-level window. Its work area is four docks: "Work Area" (the chart
+// views), "Browser" (the stored symbols), "Indicators" (the indicator list) and "Candle
+// Guru". Above them the menu panel, a row of buttons for the most used actions; the menus
+// "&View", "&Tools", "&Languages" and "&Help" hold every action.
+//
+// The window's geometry and dock layout, and the chart set-up (as the template
+// "lasttemplate.tt" in the templates folder), are kept when the window closes and
+// restored when the next one opens.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -20,24 +30,55 @@ class MainWindow : public QMainWindow
 public:
     explicit MainWindow(QWidget *parent = nullptr);
 
-    QTreeWidget *storedSymbols() const { return mSymbols; }
     OrdaneView::ViewsContainer *viewsContainer() const { return mViews; }
+    OrdaneBrowser::StorageBrowser *storageBrowser() const { return mBrowser; }
+    OrdaneView::IndicatorFactoryWidget *indicatorList() const { return mIndicators; }
+    // The docks in the order "Work Area", "Browser", "Indicators", "Candle Guru".
+    QList<QDockWidget *> docks() const { return mDocks; }
+
+    // Where the chart set-up is kept between runs.
+    static QString lastTemplatePath();
+    // Writes the current set-up there; false (and *error) when it cannot be written.
+    bool saveLastTemplate(QString *error = nullptr) const;
+    // Applies the kept set-up, or the week template when there is none or it cannot be
+    // read. Returns the path applied.
+    QString restoreLastTemplate();
+
+signals:
+    // Full screen was asked on (true) or off (false).
+    void showFullScreen(bool on);
+    // The virtual-resolution settings were asked for.
+    void showVirtualResoltionSettings();
 
 public slots:
-    void slotFillStoredSymbols();
+    void slotSettings();
+    void slotFullScreen();
+    void slotVR();
+    // Loads the built-in template of the sending action.
+    void slotSetTemplate();
+    // Stores the language of the sending action; it takes effect at the next start.
+    void slotLanguageChanged();
     void slotGotoDataFolder();
     void slotAbout();
+    void slotTemplateChanged();
     void slotReminders();
     void slotCheckUpdates();
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
-    void editSymbol(const QString &symbol);
-    // Asks for a built-in indicator and adds it in a new pane or over the chart.
-    void addIndicator(bool overChart);
+    QDockWidget *addDock(const QString &objectName, const QString &title, QWidget *content,
+                         Qt::DockWidgetArea area);
+    void buildMenus();
+    void buildMenuPanel();
     void showReminder(const QString &text);
 
-    QTreeWidget *mSymbols;
     OrdaneView::ViewsContainer *mViews;
+    OrdaneBrowser::StorageBrowser *mBrowser;
+    OrdaneView::IndicatorFactoryWidget *mIndicators;
+    QList<QDockWidget *> mDocks;
+    QMenu *mMainMenu = nullptr; // every menu, for the panel's "Menu" button
 };
 
 } // namespace Halcyra

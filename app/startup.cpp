@@ -10,6 +10,7 @@
 #include "widgets/translationsmanager.h"
 #include "widgets/updater.h"
 #include "widgets/updaterpage.h"
+#include "widgets/virtualresolution.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,6 +33,8 @@ QString loadStyleSheet()
 int run(int &argc, char **argv)
 {
     OrdaneData::Heap::reuseLargeBlocks();
+    // The interface scale the user chose takes effect before the application exists.
+    QMWidgets::applyVirtualResolution(QStringLiteral("Skarvel"), QStringLiteral("Halcyra2"));
     // 1. Identity first: the settings store is keyed by it.
     QMWidgets::App app(argc, argv, QStringLiteral("Skarvel"), QStringLiteral("Halcyra2"));
     QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));

@@ -7,6 +7,7 @@ int runRender(const QStringList &args, Context &context);
 int runIndicator(const QStringList &args, Context &context);
 int runMath(const QStringList &args, Context &context);
 int runCatalogue(const QStringList &args, Context &context);
+int runTemplate(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -17,11 +18,14 @@ const std::vector<Command> &commands()
          &runBars},
         {"render",
          "FILE --out PNG [--width W] [--height H] [--type candle|bar|line|empty] [--zoom Z] "
-         "[--first N] [--indicator ID[:NAME=VALUE,...]]... [--overlay ID[:NAME=VALUE,...]]...",
+         "[--first N] [--indicator ID[:NAME=VALUE,...]]... [--overlay ID[:NAME=VALUE,...]]... "
+         "[--template TT]",
          "Draw the chart of FILE with its value scale and date axis into a PNG (default "
          "1200 x 800, candles, zoom 8, the last bars that fit), in the colours of the "
          "settings. --indicator adds a pane under the chart, --overlay draws over the prices; "
-         "both repeat.",
+         "both repeat. --template sets up time frame, zoom, background, chart type, overlays, "
+         "panes and their heights from a chart template (a file or \":/Templates/NAME.tt\"); "
+         "the other options apply on top of it.",
          &runRender},
         {"indicator", "ID FILE [--frame F] [--param NAME=VALUE]...",
          "Compute indicator ID over FILE and print its buffers as CSV: Date, then one column "
@@ -35,6 +39,10 @@ const std::vector<Command> &commands()
          "List the built-in indicators: identifier, title, label, parameters with their "
          "defaults, buffers and whether the indicator list offers it, separated by tabs.",
          &runCatalogue},
+        {"template", "FILE.tt",
+         "Read the chart template FILE.tt (or a built-in one, \":/Templates/TrawlerWeek.tt\") "
+         "and print it in the form the program saves.",
+         &runTemplate},
     };
     return table;
 }

@@ -5,11 +5,15 @@
 #include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
 #include "view/chartrenderer.h"
+#include "view/charttemplate.h"
 #include "widgets/language.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <algorithm>
+#include <numeric>
 
 namespace Cli {
 
@@ -28,6 +32,44 @@ bool readInt(const QCommandLineParser &parser, const QCommandLineOption &option,
     }
     return true;
 }
+
+// The set-up of a template as requests: unknown indicators are reported and left out, and
+// so is a pane left without any, together with its height.
+struct TemplateSetup
+{
+    QList<IndicatorRequest> overlays;
+    QList<QList<IndicatorRequest>> panes;
+    QList<int> heights; // the chart's, then each kept pane's; empty when the file has none
+};
+
+TemplateSetup setupOf(const OrdaneView::ChartTemplate &t, QTextStream &err)
+{
+    TemplateSetup setup;
+    const auto known = [&err](const OrdaneView::TemplateIndicator &i) {
+        if (OrdaneView::findIndicator(i.name))
+            return true;
+        err << "Unknown indicator: " << i.name << '\n';
+        return false;
+    };
+    const bool sized = t.splitter.size() == t.panes.size() + 1;
+    if (sized)
+        setup.heights.append(t.splitter.first());
+    for (const OrdaneView::TemplateIndicator &i : t.chartIndicators)
+        if (known(i))
+            setup.overlays.append({i.name, i.parameters});
+    for (int p = 0; p < t.panes.size(); ++p) {
+        QList<IndicatorRequest> pane;
+        for (const OrdaneView::TemplateIndicator &i : t.panes.at(p))
+            if (known(i))
+                pane.append({i.name, i.parameters});
+        if (pane.isEmpty())
+            continue;
+        setup.panes.append(pane);
+        if (sized)
+            setup.heights.append(t.splitter.at(p + 1));
+    }
+    return setup;
+}
 } // namespace
 
 int runRender(const QStringList &args, Context &context)
@@ -44,7 +86,9 @@ int runRender(const QStringList &args, Context &context)
                                        QStringLiteral("ID[:NAME=VALUE,...]"));
     const QCommandLineOption overlay(QStringLiteral("overlay"), QString(),
                                      QStringLiteral("ID[:NAME=VALUE,...]"));
-    parser.addOptions({out, width, height, type, zoom, first, indicator, overlay});
+    const QCommandLineOption templateOption(QStringLiteral("template"), QString(),
+                                            QStringLiteral("TT"));
+    parser.addOptions({out, width, height, type, zoom, first, indicator, overlay, templateOption});
     if (!parser.parse(QStringList{QStringLiteral("render")} + args)) {
         context.err << "halcyra-cli render: " << parser.errorText() << '\n';
         return UsageError;
@@ -54,7 +98,23 @@ int runRender(const QStringList &args, Context &context)
         return UsageError;
     }
 
+    // The template first: the explicit options below apply on top of it.
     OrdaneView::ChartPicture picture;
+    OrdaneView::ChartTemplate setup;
+    TemplateSetup fromTemplate;
+    const bool templated = parser.isSet(templateOption);
+    if (templated) {
+        QString error;
+        if (!OrdaneView::readTemplateFile(parser.value(templateOption), &setup, &error)) {
+            context.err << "halcyra-cli render: " << error << '\n';
+            return Failure;
+        }
+        picture.zoom = std::max(setup.zoom, 1);
+        picture.type = setup.type;
+        picture.colored = setup.colored;
+        fromTemplate = setupOf(setup, context.err);
+    }
+
     int w = picture.size.width(), h = picture.size.height();
     if (!readInt(parser, width, 100, w, context.err) ||
         !readInt(parser, height, 60, h, context.err) ||
@@ -79,9 +139,9 @@ int runRender(const QStringList &args, Context &context)
         }
     }
 
-    QList<IndicatorRequest> panes, overlays;
+    QList<IndicatorRequest> extraPanes, overlays = fromTemplate.overlays;
     for (const auto &[option, list] :
-         {std::pair{&indicator, &panes}, std::pair{&overlay, &overlays}}) {
+         {std::pair{&indicator, &extraPanes}, std::pair{&overlay, &overlays}}) {
         for (const QString &text : parser.values(*option)) {
             IndicatorRequest request;
             QString error;
@@ -96,7 +156,20 @@ int runRender(const QStringList &args, Context &context)
             list->append(request);
         }
     }
+    QList<QList<IndicatorRequest>> panes = fromTemplate.panes;
+    for (const IndicatorRequest &request : qAsConst(extraPanes))
+        panes.append({request});
     picture.panes = panes.size();
+    picture.heights = fromTemplate.heights;
+    if (!picture.heights.isEmpty() && !extraPanes.isEmpty()) {
+        // Panes asked for besides the template's get the height of an average one of them.
+        const int kept = picture.heights.size() - 1;
+        const int extra =
+            kept ? std::accumulate(picture.heights.cbegin() + 1, picture.heights.cend(), 0) / kept
+                 : picture.heights.first() / 4;
+        for (int i = 0; i < extraPanes.size(); ++i)
+            picture.heights.append(extra);
+    }
 
     const QString path = context.quoteFile(parser.positionalArguments().constFirst());
     if (path.isEmpty())
@@ -106,9 +179,16 @@ int runRender(const QStringList &args, Context &context)
         context.err << "halcyra-cli render: cannot read " << path << '\n';
         return Failure;
     }
+    if (templated)
+        series->setTimeFrame(setup.timeFrame);
 
     picture.label = QFileInfo(path).completeBaseName();
     picture.colors = OrdaneView::ViewColors::load();
+    if (templated) {
+        if (setup.background.isValid())
+            picture.colors.background = setup.background;
+        picture.colors.threeD = setup.threeD;
+    }
     picture.locale = QMWidgets::interfaceLocale();
     const auto add = [](OrdaneView::ViewCanvas &canvas, const IndicatorRequest &request,
                         bool master) {
@@ -128,7 +208,8 @@ int runRender(const QStringList &args, Context &context)
             for (const IndicatorRequest &request : qAsConst(overlays))
                 add(chart, request, false);
             for (int i = 0; i < panes.size(); ++i)
-                add(*paneCanvases.at(i), panes.at(i), true);
+                for (int k = 0; k < panes.at(i).size(); ++k)
+                    add(*paneCanvases.at(i), panes.at(i).at(k), k == 0);
         });
 
     QSaveFile file(parser.value(out));

@@ -87,30 +87,29 @@ void IndicatorLayer::addLevel(float value, const QString &colour)
     mLevels.append({value, colour});
 }
 
-void IndicatorLayer::fitRange(const QString &buffer)
+void IndicatorLayer::fitRange(const QStringList &buffers)
 {
     if (!isMaster()) {
         setMax(masterMax());
         setMin(masterMin());
         return;
     }
-    const QVector<float> &data = mBuffers.value(buffer).data;
     const int first = firstVisible();
-    const int n = std::min(std::max(plotWidthOf(), 0) / zoom(), data.size() - first);
-    if (n <= 0 || first < 0) {
-        setMax(0);
-        setMin(0);
-        return;
-    }
     // Values a formula leaves undefined (0 / 0) or infinite (x / 0) do not count.
     float lo = 0, hi = 0;
     bool any = false;
-    for (auto it = data.begin() + first; it != data.begin() + first + n; ++it) {
-        if (!std::isfinite(*it))
+    for (const QString &buffer : buffers) {
+        const QVector<float> &data = mBuffers.value(buffer).data;
+        const int n = std::min(std::max(plotWidthOf(), 0) / zoom(), data.size() - first);
+        if (n <= 0 || first < 0)
             continue;
-        lo = any ? std::min(lo, *it) : *it;
-        hi = any ? std::max(hi, *it) : *it;
-        any = true;
+        for (auto it = data.begin() + first; it != data.begin() + first + n; ++it) {
+            if (!std::isfinite(*it))
+                continue;
+            lo = any ? std::min(lo, *it) : *it;
+            hi = any ? std::max(hi, *it) : *it;
+            any = true;
+        }
     }
     if (mAutoTop)
         setMax(hi);
@@ -201,10 +200,12 @@ QString IndicatorLayer::scaleLabel(double value, double step)
         return QString::number(value / 1e6, 'f', 1) + QStringLiteral(" Mio.");
     if (magnitude >= 1e4)
         return QString::number(value / 1e3, 'f', 1) + QStringLiteral(" Tsd.");
-    // Enough decimals to tell neighbouring ticks apart, and no more.
-    const int decimals = step > 0 && std::isfinite(step)
-                             ? std::clamp(int(std::ceil(-std::log10(step))) + 1, 0, 6)
-                             : 2;
+    // Enough decimals to tell neighbouring ticks apart, and no more; ranges too fine for six
+    // decimals (money flow per share of volume) in powers of ten.
+    const int decimals =
+        step > 0 && std::isfinite(step) ? std::max(int(std::ceil(-std::log10(step))) + 1, 0) : 2;
+    if (decimals > 6)
+        return value == 0.0 ? QStringLiteral("0") : QString::number(value, 'e', 1);
     return QString::number(value, 'f', decimals);
 }
 
@@ -233,6 +234,15 @@ BuiltinIndicator::BuiltinIndicator(const IndicatorEntry &entry, ViewCanvas *view
 QString BuiltinIndicator::mainBuffer() const
 {
     return mEntry.buffers.empty() ? QString() : QLatin1String(mEntry.buffers.front().name);
+}
+
+QStringList BuiltinIndicator::rangeBuffers() const
+{
+    QStringList names;
+    for (const auto &b : mEntry.buffers)
+        if (names.isEmpty() || (b.style == HISTOGRAM && mEntry.buffers.front().style == HISTOGRAM))
+            names << QLatin1String(b.name);
+    return names;
 }
 
 QString BuiltinIndicator::makeLabel() const
@@ -278,7 +288,7 @@ void BuiltinIndicator::start()
 
 void BuiltinIndicator::drawIndicator(QPainter &painter)
 {
-    fitRange(mainBuffer());
+    fitRange(rangeBuffers());
     paintBuffers(painter);
     if (buffers().isEmpty())
         paintColouredBars(painter);

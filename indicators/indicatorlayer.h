@@ -63,9 +63,10 @@ public:
     void removeAllLevels() { mLevels.clear(); }
     const QList<QPair<float, QString>> &levels() const { return mLevels; }
 
-    // Fits the range to the buffer over the visible bars when master, otherwise takes the
+    // Fits the range to the buffers over the visible bars when master, otherwise takes the
     // master's range.
-    void fitRange(const QString &buffer);
+    void fitRange(const QString &buffer) { fitRange(QStringList{buffer}); }
+    void fitRange(const QStringList &buffers);
     // Paints every visible, non-empty buffer in name order.
     void paintBuffers(QPainter &painter);
     // A scale label for a value in a range whose tick step is `step`.
@@ -98,6 +99,9 @@ public:
     const IndicatorEntry &entry() const { return mEntry; }
     // The buffer the range is fitted to: the first of the catalogue row.
     QString mainBuffer() const;
+    // The main buffer and, when it is a histogram, the other histograms drawn with it
+    // (the two sides of the gator oscillator), so that no bar is cut off.
+    QStringList rangeBuffers() const;
     // The label for the current parameters, such as "RSI(7,70,30)".
     QString makeLabel() const;
 

@@ -12,7 +12,9 @@ void BarChartLayer::draw(QPainter &painter, int plotWidth)
 {
     const int n = fitToVisibleBars(plotWidth);
     const OrdaneData::Reader &s = series();
-    const ViewColors &c = view()->colors();
+    ViewColors c = view()->colors();
+    if (!view()->isColoured())
+        c.upBar = c.downBar = c.line;
     const int zoom = view()->geometry()->zoom();
     const int first = firstVisible();
     const int tick = int(zoom / 2.8);

@@ -13,7 +13,13 @@ void CandleChartLayer::draw(QPainter &painter, int plotWidth)
 {
     const int n = fitToVisibleBars(plotWidth);
     const OrdaneData::Reader &s = series();
-    const ViewColors &c = view()->colors();
+    ViewColors c = view()->colors();
+    if (!view()->isColoured()) {
+        c.upCandle = c.background;
+        c.downCandle = c.line;
+        c.upCandleBorder = c.downCandleBorder = c.line;
+        c.threeD = false;
+    }
     const int zoom = view()->geometry()->zoom();
     const int first = firstVisible();
 

@@ -8,9 +8,39 @@
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 namespace OrdaneView {
+
+namespace {
+// The heights of the panes under a chart in `views` pixels.
+QList<int> shareHeights(int views, int panes, const QList<int> &heights)
+{
+    QList<int> result;
+    qint64 sum = 0;
+    bool usable = heights.size() == panes + 1;
+    for (int h : heights) {
+        usable = usable && h >= 0;
+        sum += h;
+    }
+    if (panes > 0 && usable && sum > 0) {
+        // Rounded from the running total, so the panes' heights add up without drift.
+        qint64 before = heights.first();
+        for (int i = 1; i <= panes; ++i) {
+            const int top = int(before * views / sum);
+            before += heights.at(i);
+            result.append(int(before * views / sum) - top);
+        }
+        return result;
+    }
+    // Panes take a fifth of the height each, but together never more than three fifths.
+    const int paneHeight = panes ? std::min(views / 5, views * 3 / 5 / panes) : 0;
+    for (int i = 0; i < panes; ++i)
+        result.append(paneHeight);
+    return result;
+}
+} // namespace
 
 QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &picture,
                    const PopulateChart &populate)
@@ -19,9 +49,9 @@ QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &pictur
     image.fill(Qt::black);
     const int width = picture.size.width();
     const int views = picture.size.height() - DateAxis::kHeight;
-    // Panes take a fifth of the height each, but together never more than three fifths.
     const int panes = std::max(picture.panes, 0);
-    const int paneHeight = panes ? std::min(views / 5, views * 3 / 5 / panes) : 0;
+    const QList<int> paneHeights = shareHeights(views, panes, picture.heights);
+    const int panesTotal = std::accumulate(paneHeights.cbegin(), paneHeights.cend(), 0);
 
     ChartGeometry geometry;
     geometry.setZoom(picture.zoom);
@@ -34,11 +64,12 @@ QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &pictur
         canvas->setGrid(picture.grid);
         return canvas;
     };
-    std::unique_ptr<ViewCanvas> chart(makeCanvas(views - panes * paneHeight));
+    std::unique_ptr<ViewCanvas> chart(makeCanvas(views - panesTotal));
+    chart->setColoured(picture.colored);
     QList<ViewCanvas *> paneCanvases;
     std::vector<std::unique_ptr<ViewCanvas>> owned;
     for (int i = 0; i < panes; ++i) {
-        owned.emplace_back(makeCanvas(paneHeight));
+        owned.emplace_back(makeCanvas(paneHeights.at(i)));
         paneCanvases.append(owned.back().get());
     }
 

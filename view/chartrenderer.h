@@ -25,8 +25,13 @@ struct ChartPicture
     SeparatorMode separators = SeparatorMode::None;
     ViewColors colors = ViewColors::fallback();
     QLocale locale;
-    QString label; // caption of the price layer, such as the symbol
-    int panes = 0; // indicator panes stacked under the price chart
+    QString label;       // caption of the price layer, such as the symbol
+    int panes = 0;       // indicator panes stacked under the price chart
+    bool colored = true; // rising and falling prices in their own colours
+    // Optional heights of the price chart and then each pane, as a splitter keeps them:
+    // when it holds panes + 1 values with a positive sum, the height above the date axis
+    // is shared in their proportions; otherwise the panes get their default share.
+    QList<int> heights;
 };
 
 // Adds layers to the chart canvas (after its price layer) and to each pane's canvas; the

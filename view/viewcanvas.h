@@ -63,6 +63,11 @@ public:
     QLocale locale() const { return mLocale; }
     void setLocale(const QLocale &locale) { mLocale = locale; }
 
+    // Coloured price bars: rising and falling bars in their colours. Otherwise the prices are
+    // drawn in the line colour alone, rising candles hollow and falling ones filled.
+    bool isColoured() const { return mColoured; }
+    void setColoured(bool on) { mColoured = on; }
+
     bool pointerInfoMode() const { return mPointerInfo; }
     void setPointerInfoMode(bool on) { mPointerInfo = on; }
     SeparatorMode separatorMode() const { return mSeparators; }
@@ -87,6 +92,7 @@ private:
     ChartGeometry *mGeometry;
     OrdaneData::ReaderH mReader;
     QList<Layer *> mLayers;
+    bool mColoured = true;
     Layer *mMaster = nullptr;
     GridLayer *mGrid = nullptr;
     ViewColors mColors;

@@ -1,8 +1,10 @@
-// The command-line tool: exit statuses, usage errors and the bars command's output.
+// The command-line tool: exit statuses, usage errors and the output of its commands.
 
 #include "cli/command.h"
 #include "data/quotefile.h"
 #include "data/reader.h"
+#include "view/charttemplate.h"
+#include "view/dateaxis.h"
 
 #include <QImage>
 #include <QProcess>
@@ -45,6 +47,8 @@ private slots:
     void indicatorPrintsItsBuffers();
     void mathReadsTheStandardInput();
     void catalogueListsEveryIndicator();
+    void templatePrintsTheSavedForm();
+    void renderFollowsATemplate();
     void realProcessReportsFailures();
 
 private:
@@ -118,6 +122,12 @@ void TestCli::exitStatus_data()
         {S("--home"), mDir.path(), S("indicator"), S("EMA"), S("/nonexistent")}, 1, "no such file");
     row("math-unknown-routine", {S("math"), S("mean"), S("3")}, 2, "ROUTINE");
     row("catalogue-with-argument", {S("catalogue"), S("x")}, 2, "no arguments");
+    row("template-without-file", {S("template")}, 2, "expected one FILE.tt");
+    row("template-missing-file", {S("template"), S("/nonexistent.tt")}, 1, "cannot open");
+    row("template-not-a-template", {S("template"), file}, 1, "line 1, column ");
+    row("render-missing-template",
+        {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
+        "cannot open");
 }
 
 void TestCli::exitStatus()
@@ -257,6 +267,85 @@ void TestCli::catalogueListsEveryIndicator()
                                           "Period=7;LevelUp=70;LevelDown=30\tRSI\tyes")));
     QVERIFY(lines.contains(QStringLiteral("WilliamsBars\tWilliams Bull & Bear Bars\t"
                                           "WilliamsBars(3)\tBars Number=3\t\tno")));
+}
+
+void TestCli::templatePrintsTheSavedForm()
+{
+    // A hand-written file comes out indented, with its parameters sorted.
+    const QString path = mDir.filePath(QStringLiteral("hand.tt"));
+    QFile hand(path);
+    QVERIFY(hand.open(QIODevice::WriteOnly));
+    hand.write("<?xml version=\"1.0\"?><Template><TimeFrame>YEAR</TimeFrame><IndicatorView>"
+               "<Indicator name=\"RSI\"><Parameter name=\"Period\">9.0</Parameter>"
+               "<Parameter name=\"LevelDown\">25</Parameter></Indicator></IndicatorView>"
+               "</Template>");
+    hand.close();
+    const Outcome r = runCli({QStringLiteral("template"), path});
+    QCOMPARE(r.status, 0);
+    QCOMPARE(r.out, QStringLiteral("<Template>\n <TimeFrame>YEAR</TimeFrame>\n <Zoom>8</Zoom>\n"
+                                   " <BackgrounColor>#000000</BackgrounColor>\n <ChartView>\n"
+                                   "  <Type>Candle</Type>\n  <ThreeD>true</ThreeD>\n"
+                                   "  <Colored>true</Colored>\n </ChartView>\n"
+                                   " <IndicatorView>\n  <Indicator name=\"RSI\">\n"
+                                   "   <Parameter name=\"LevelDown\">25</Parameter>\n"
+                                   "   <Parameter name=\"Period\">9</Parameter>\n"
+                                   "  </Indicator>\n </IndicatorView>\n <Splitter/>\n"
+                                   "</Template>\n"));
+
+    // The tool itself carries the built-in templates.
+    QProcess cli;
+    cli.start(QStringLiteral(HALCYRA_CLI),
+              {QStringLiteral("template"), OrdaneView::fallbackTemplate()});
+    QVERIFY(cli.waitForFinished(30000));
+    QCOMPARE(cli.exitCode(), 0);
+    QFile week(OrdaneView::fallbackTemplate());
+    QVERIFY(week.open(QIODevice::ReadOnly));
+    QCOMPARE(cli.readAllStandardOutput(), week.readAll());
+}
+
+void TestCli::renderFollowsATemplate()
+{
+    const QString png = mDir.filePath(QStringLiteral("templated.png"));
+    Outcome r = runCli({QStringLiteral("render"), mFile, QStringLiteral("--template"),
+                        QStringLiteral(":/Templates/Williams.tt"), QStringLiteral("--out"), png,
+                        QStringLiteral("--width"), QStringLiteral("640"),
+                        QStringLiteral("--height"), QStringLiteral("480")});
+    QCOMPARE(r.status, 0);
+    QVERIFY2(r.err.isEmpty(), qPrintable(r.err));
+    QCOMPARE(QImage(png).size(), QSize(640, 480));
+
+    // An empty price chart on the template's background, 300 of 400 pixels high, over one
+    // pane; an unknown indicator is reported, its pane dropped with its height, and the
+    // chart still drawn.
+    const QString path = mDir.filePath(QStringLiteral("plain.tt"));
+    OrdaneView::ChartTemplate t;
+    t.background = QColor(0x10, 0x20, 0x30);
+    t.type = OrdaneView::ChartType::Empty;
+    t.panes = {{{QStringLiteral("Ghost"), {}}}, {{QStringLiteral("Volume"), {}}}};
+    t.splitter = {300, 50, 100};
+    QVERIFY(OrdaneView::writeTemplateFile(path, t));
+    const QStringList args = {
+        QStringLiteral("render"),     mFile,
+        QStringLiteral("--template"), path,
+        QStringLiteral("--out"),      png,
+        QStringLiteral("--width"),    QStringLiteral("400"),
+        QStringLiteral("--height"),   QString::number(400 + OrdaneView::DateAxis::kHeight)};
+    r = runCli(args);
+    QCOMPARE(r.status, 0);
+    QCOMPARE(r.err, QStringLiteral("Unknown indicator: Ghost\n"));
+    QImage image(png);
+    const QColor background(0x10, 0x20, 0x30);
+    QCOMPARE(QColor(image.pixel(200, 150)), background);
+    QCOMPARE(QColor(image.pixel(200, 299)), background);
+    QVERIFY(QColor(image.pixel(200, 300)) != background); // the pane's top edge
+
+    // A pane asked for besides the template's gets the height of an average one of them:
+    // 300 : 100 : 100 of 400 pixels.
+    r = runCli(args + QStringList{QStringLiteral("--indicator"), QStringLiteral("RSI")});
+    QCOMPARE(r.status, 0);
+    image.load(png);
+    QCOMPARE(QColor(image.pixel(200, 239)), background);
+    QVERIFY(QColor(image.pixel(200, 240)) != background);
 }
 
 void TestCli::realProcessReportsFailures()

@@ -7,6 +7,7 @@
 #include "indicators/ui/indicatorpropertiesdialog.h"
 #include "support/messagebox.h"
 #include "view/chartgeometry.h"
+#include "view/charttemplate.h"
 #include "view/ui/chartview.h"
 #include "view/ui/miniview.h"
 #include "view/ui/viewoperationspanel.h"
@@ -16,12 +17,15 @@
 #include <QDoubleSpinBox>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
+
+#include <cmath>
 
 using namespace OrdaneView;
 
@@ -41,6 +45,8 @@ private slots:
     void missingSymbolIsReported();
     void settingsPage();
     void indicatorPanesAndOverlays();
+    void templatesReplaceTheSetUp();
+    void droppedIndicators();
 
 private:
     QToolButton *button(const char *name) const
@@ -284,6 +290,111 @@ void TestContainer::indicatorPanesAndOverlays()
     // Removing a pane's only indicator closes the pane.
     rsiPane->slotRemoveIndicatorLayer();
     QTRY_COMPARE(mContainer->views().size(), 2);
+}
+
+// A template replaces the panes and overlays shown before, sets the frame, zoom, type and
+// look, creates its indicators with its parameters and reports the names it cannot make;
+// the set-up described back gives the same template.
+void TestContainer::templatesReplaceTheSetUp()
+{
+    mContainer->slotTriggerChartIndicators({QStringLiteral("EMA")});
+    mContainer->slotTriggerNewIndicatorView({QStringLiteral("CCI"), QStringLiteral("ATR")});
+    QCOMPARE(mContainer->views().size(), 3);
+
+    ChartTemplate t;
+    t.timeFrame = OrdaneData::Week;
+    t.zoom = 4;
+    t.background = QColor(0x10, 0x20, 0x30);
+    t.type = ChartType::Bar;
+    t.threeD = false;
+    t.colored = false;
+    t.chartIndicators = {{QStringLiteral("SMA"), {{QStringLiteral("Period"), 50}}},
+                         {QStringLiteral("NoSuchThing"), {}}};
+    t.panes = {{{QStringLiteral("MACD"),
+                 {{QStringLiteral("FastEMA"), 5},
+                  {QStringLiteral("SlowEMA"), 35},
+                  {QStringLiteral("Signal"), 5}}},
+                {QStringLiteral("OsMA"), {}}},
+               {{QStringLiteral("Nope"), {}}},
+               {{QStringLiteral("Volume"), {}}}};
+    t.splitter = {300, 120}; // the last pane keeps the height the splitter gives it
+    const QStringList unknown = mContainer->applyTemplate(t);
+    QCOMPARE(unknown, QStringList({QStringLiteral("NoSuchThing"), QStringLiteral("Nope")}));
+    QTRY_COMPARE(mContainer->views().size(), 3);
+    QCOMPARE(mContainer->reader()->timeFrame(), int(OrdaneData::Week));
+    QCOMPARE(mContainer->geometry()->zoom(), 4);
+    QCOMPARE(mContainer->chartView()->chartType(), ChartType::Bar);
+    QVERIFY(!mContainer->chartView()->canvas()->isColoured());
+    QCOMPARE(mContainer->views().at(2)->canvas()->colors().background, t.background);
+
+    IndicatorLayer *sma = mContainer->chartView()->indicators().value(0);
+    QVERIFY(sma);
+    QCOMPARE(sma->label(), QStringLiteral("SMA(50)"));
+    QCOMPARE(sma->bufferData(QStringLiteral("SMA")).size(), mContainer->reader()->count());
+    const QList<IndicatorLayer *> macdPane = mContainer->views().at(1)->indicators();
+    QCOMPARE(macdPane.size(), 2);
+    QVERIFY(macdPane.at(0)->isMaster());
+    QCOMPARE(macdPane.at(0)->parameter(QStringLiteral("SlowEMA")), 35.0f);
+    // Heights keep the template's proportions within the room there is.
+    const double ratio =
+        double(mContainer->views().at(1)->height()) / mContainer->views().at(0)->height();
+    QVERIFY2(std::abs(ratio - 0.4) < 0.03, qPrintable(QString::number(ratio)));
+
+    const ChartTemplate back = mContainer->currentTemplate();
+    QCOMPARE(back.timeFrame, t.timeFrame);
+    QCOMPARE(back.zoom, t.zoom);
+    QCOMPARE(back.background, t.background);
+    QCOMPARE(back.type, t.type);
+    QCOMPARE(back.threeD, false);
+    QCOMPARE(back.colored, false);
+    QCOMPARE(back.chartIndicators.size(), 1);
+    QCOMPARE(back.chartIndicators.first().parameters.value(QStringLiteral("Period")), 50.0f);
+    QCOMPARE(back.panes.size(), 2);
+    QCOMPARE(back.panes.at(0).at(0).name, QStringLiteral("MACD"));
+    QCOMPARE(back.panes.at(1).at(0).name, QStringLiteral("Volume"));
+    QCOMPARE(back.splitter.size(), 3);
+    QCOMPARE(back.splitter.at(1), mContainer->views().at(1)->height());
+
+    // A new symbol is shown in the template's frame, its indicators recomputed.
+    mContainer->slotFetchChartData(QStringLiteral("ADS.DE"));
+    QCOMPARE(mContainer->reader()->timeFrame(), int(OrdaneData::Week));
+    QCOMPARE(sma->bufferData(QStringLiteral("SMA")).size(), mContainer->reader()->count());
+
+    // Saved and loaded through a file; an unreadable file changes nothing.
+    const QString path = mHome.filePath(QStringLiteral("saved.tt"));
+    QVERIFY(mContainer->saveTemplate(path));
+    QSignalSpy changed(mContainer, &ViewsContainer::templateChanged);
+    QVERIFY(mContainer->slotSetTemplate(path));
+    QCOMPARE(changed.count(), 1);
+    QTRY_COMPARE(mContainer->views().size(), 3);
+    QString warning;
+    TestSupport::answerNextMessageBox(&warning);
+    QVERIFY(!mContainer->slotSetTemplate(mHome.filePath(QStringLiteral("missing.tt"))));
+    QVERIFY(warning.contains(QLatin1String("missing.tt")));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(mContainer->views().size(), 3);
+}
+
+// Indicators dragged from the indicator list: over the prices when dropped on the chart,
+// into the pane they are dropped on.
+void TestContainer::droppedIndicators()
+{
+    mContainer->slotTriggerNewIndicatorView({QStringLiteral("RSI")});
+    View *pane = mContainer->views().at(1);
+    emit mContainer->chartView()->indicatorsDropped({QStringLiteral("EMA")});
+    emit pane->indicatorsDropped({QStringLiteral("CCI")});
+    QCOMPARE(mContainer->chartView()->indicators().size(), 1);
+    QCOMPARE(pane->indicators().size(), 2);
+    QVERIFY(pane->indicators().at(0)->isMaster());
+    QCOMPARE(pane->indicators().at(1)->name(), QStringLiteral("CCI"));
+
+    QMimeData data;
+    data.setData(QStringLiteral("application/x-halcyra-indicators"), "MACD\nATR");
+    QCOMPARE(View::droppedIndicators(&data),
+             QStringList({QStringLiteral("MACD"), QStringLiteral("ATR")}));
+    QMimeData other;
+    other.setText(QStringLiteral("MACD"));
+    QVERIFY(View::droppedIndicators(&other).isEmpty());
 }
 
 QTEST_MAIN(TestContainer)

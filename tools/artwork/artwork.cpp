@@ -520,5 +520,94 @@ int main(int argc, char **argv)
     for (const auto &tool : tools)
         ok = ok && save(toolIcon(tool.paint),
                         pix.filePath(QLatin1String(tool.name) + QLatin1String(".png")));
+
+    // The indicator list: a pane with a curve; scripts add a badge, packed ones a padlock.
+    const auto indicatorGlyph = [](QPainter &p) {
+        p.setPen(QPen(kMuted, 1.2));
+        p.setBrush(kSurface);
+        p.drawRoundedRect(QRectF(1.5, 2.5, 13, 11), 2, 2);
+        p.setPen(QPen(kTeal, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(Qt::NoBrush);
+        QPainterPath curve(QPointF(3.5, 10.5));
+        curve.cubicTo(QPointF(6, 3.5), QPointF(8.5, 12.5), QPointF(12.5, 5));
+        p.drawPath(curve);
+    };
+    ok = ok && save(small(indicatorGlyph), pix.filePath(QStringLiteral("indicator.png")));
+    ok = ok && save(small([&](QPainter &p) {
+                        indicatorGlyph(p);
+                        p.setPen(QPen(kDeep, 1));
+                        p.setBrush(kAmber);
+                        p.drawEllipse(QPointF(12, 12), 3.5, 3.5);
+                        p.setPen(QPen(kDeep, 1.3));
+                        p.drawLine(QPointF(12, 10.2), QPointF(12, 13.8));
+                    }),
+                    pix.filePath(QStringLiteral("indicator_js.png")));
+    ok = ok && save(small([&](QPainter &p) {
+                        indicatorGlyph(p);
+                        p.setPen(QPen(kText, 1.2));
+                        p.setBrush(Qt::NoBrush);
+                        p.drawArc(QRectF(9.5, 7, 5, 6), 0, 180 * 16);
+                        p.setPen(Qt::NoPen);
+                        p.setBrush(kCoral);
+                        p.drawRoundedRect(QRectF(8.5, 10, 7, 5.5), 1, 1);
+                    }),
+                    pix.filePath(QStringLiteral("indicator_locked.png")));
+
+    // The current row of the symbol list.
+    QImage down = canvas(10, 10);
+    {
+        QPainter p(&down);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(Qt::NoPen);
+        p.setBrush(kAmber);
+        p.drawPolygon(QPolygonF({QPointF(1, 2.5), QPointF(9, 2.5), QPointF(5, 8)}));
+    }
+    ok = ok && save(down, pix.filePath(QStringLiteral("pointer10x10down.png")));
+
+    // Language flags, 16 x 11 bitmaps.
+    const auto flag = [](const std::function<void(QPainter &)> &paint) {
+        QImage image(16, 11, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter p(&image);
+        paint(p);
+        return image;
+    };
+    const auto saveBitmap = [](const QImage &image, const QString &path) {
+        if (image.save(path, "BMP"))
+            return true;
+        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+        return false;
+    };
+    const auto stripes = [](QPainter &p, const QColor &a, const QColor &b, const QColor &c) {
+        p.fillRect(0, 0, 16, 4, a);
+        p.fillRect(0, 4, 16, 3, b);
+        p.fillRect(0, 7, 16, 4, c);
+    };
+    ok = ok &&
+         saveBitmap(flag([&](QPainter &p) {
+                        stripes(p, Qt::black, QColor(0xdd, 0x00, 0x00), QColor(0xff, 0xce, 0x00));
+                    }),
+                    pix.filePath(QStringLiteral("fde.bmp")));
+    ok = ok &&
+         saveBitmap(flag([&](QPainter &p) {
+                        stripes(p, Qt::white, QColor(0x00, 0x39, 0xa6), QColor(0xd5, 0x2b, 0x1e));
+                    }),
+                    pix.filePath(QStringLiteral("fru.bmp")));
+    ok = ok && saveBitmap(flag([](QPainter &p) {
+                              p.fillRect(0, 0, 16, 11, QColor(0x01, 0x21, 0x69));
+                              p.setRenderHint(QPainter::Antialiasing);
+                              p.setPen(QPen(Qt::white, 2.6));
+                              p.drawLine(QPointF(0, 0), QPointF(16, 11));
+                              p.drawLine(QPointF(16, 0), QPointF(0, 11));
+                              p.setPen(QPen(QColor(0xc8, 0x10, 0x2e), 1));
+                              p.drawLine(QPointF(0, 0), QPointF(16, 11));
+                              p.drawLine(QPointF(16, 0), QPointF(0, 11));
+                              p.setRenderHint(QPainter::Antialiasing, false);
+                              p.fillRect(6, 0, 4, 11, Qt::white);
+                              p.fillRect(0, 4, 16, 3, Qt::white);
+                              p.fillRect(7, 0, 2, 11, QColor(0xc8, 0x10, 0x2e));
+                              p.fillRect(0, 5, 16, 1, QColor(0xc8, 0x10, 0x2e));
+                          }),
+                          pix.filePath(QStringLiteral("fen.bmp")));
     return ok ? 0 : 1;
 }

@@ -2,12 +2,16 @@
 
 #include "data/reader.h"
 #include "indicators/indicatorlayer.h"
+#include "indicators/ui/indicatorfactorywidget.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
 #include "view/chartgeometry.h"
 
 #include <QContextMenuEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QInputDialog>
 #include <QMenu>
+#include <QMimeData>
 #include <QPainter>
 
 namespace OrdaneView {
@@ -20,6 +24,7 @@ View::View(ChartGeometry *geometry, QWidget *parent)
     setFocusPolicy(Qt::WheelFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(120, 60);
+    setAcceptDrops(true);
     connect(mCanvas, &ViewCanvas::drawFinished, this, &View::drawFinished);
 }
 
@@ -34,6 +39,29 @@ void View::setReader(const OrdaneData::ReaderH &reader)
 {
     mCanvas->setReader(reader);
     update();
+}
+
+QStringList View::droppedIndicators(const QMimeData *data)
+{
+    const QString format = QLatin1String(IndicatorFactoryWidget::kMimeType);
+    if (!data || !data->hasFormat(format))
+        return {};
+    return QString::fromUtf8(data->data(format)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+void View::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedIndicators(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void View::dropEvent(QDropEvent *event)
+{
+    const QStringList ids = droppedIndicators(event->mimeData());
+    if (ids.isEmpty())
+        return;
+    event->acceptProposedAction();
+    emit indicatorsDropped(ids);
 }
 
 QList<IndicatorLayer *> View::indicators() const

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QMenu;
+class QMimeData;
 
 namespace OrdaneView {
 
@@ -30,6 +31,8 @@ public:
     void setReader(const OrdaneData::ReaderH &reader);
     // The indicators in this view's stack, bottom first.
     QList<IndicatorLayer *> indicators() const;
+    // The identifiers a drag from the indicator list carries; empty for any other drag.
+    static QStringList droppedIndicators(const QMimeData *data);
 
 signals:
     void drawFinished();
@@ -41,6 +44,8 @@ signals:
     void indicatorsChanged();
     // Asks the container to take this view away.
     void closeRequested();
+    // Indicators dragged from the indicator list were dropped here.
+    void indicatorsDropped(const QStringList &ids);
 
 public slots:
     void slotGrid();
@@ -62,6 +67,8 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
     // Entries a subclass adds to the context menu.
     virtual void addMenuEntries(QMenu &menu);

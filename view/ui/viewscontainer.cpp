@@ -1,6 +1,7 @@
 #include "viewscontainer.h"
 
 #include "chartview.h"
+#include "data/home.h"
 #include "data/quotefile.h"
 #include "data/reader.h"
 #include "datetimeview.h"
@@ -19,6 +20,8 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -122,6 +125,10 @@ ViewsContainer::ViewsContainer(QWidget *parent)
     connect(mChart, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
     connect(mChart, &ChartView::dataChanged, mMini, qOverload<>(&QWidget::update));
     mChart->installEventFilter(this);
+    // Indicators dropped on the chart go over the prices; dropped anywhere else outside a
+    // pane (the date axis, the scroll bar, the tool strip) they get a pane of their own.
+    connect(mChart, &View::indicatorsDropped, this, &ViewsContainer::slotTriggerChartIndicators);
+    setAcceptDrops(true);
 
     slotUpdate();
 }
@@ -166,6 +173,21 @@ void ViewsContainer::followEnd()
     updateAll();
 }
 
+void ViewsContainer::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!View::droppedIndicators(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void ViewsContainer::dropEvent(QDropEvent *event)
+{
+    const QStringList ids = View::droppedIndicators(event->mimeData());
+    if (ids.isEmpty())
+        return;
+    event->acceptProposedAction();
+    slotTriggerNewIndicatorView(ids);
+}
+
 bool ViewsContainer::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == mChart && event->type() == QEvent::Resize) {
@@ -191,7 +213,11 @@ void ViewsContainer::slotSetReader(OrdaneData::ReaderH reader)
     if (!mReader.isNull())
         disconnect(mReader.reader(), nullptr, this, nullptr);
     mReader = std::move(reader);
-    mFrame = mReader.isNull() ? 0 : mReader->timeFrame();
+    // A new series is shown in the frame the chart is in.
+    if (!mReader.isNull() && mReader->timeFrame() != mFrame) {
+        const QSignalBlocker blocker(mReader.reader());
+        mReader->setTimeFrame(mFrame);
+    }
     for (View *v : views())
         v->setReader(mReader);
     if (!mReader.isNull())
@@ -416,6 +442,15 @@ void ViewsContainer::adopt(View *view)
     connect(view, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
     connect(view, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
     connect(view, &View::closeRequested, this, [this, view] { removeView(view); });
+    connect(view, &View::indicatorsDropped, this, [this, view](const QStringList &ids) {
+        QStringList unknown;
+        for (const QString &id : ids)
+            if (!addIndicator(view, id, false))
+                unknown << id;
+        if (!unknown.isEmpty())
+            emit message(tr("Unknown indicator: %1").arg(unknown.join(QStringLiteral(", "))));
+        updateAll();
+    });
 }
 
 void ViewsContainer::removeView(View *view)
@@ -427,13 +462,14 @@ void ViewsContainer::removeView(View *view)
     updateAll();
 }
 
-IndicatorLayer *ViewsContainer::addIndicator(View *view, const QString &id, bool master)
+IndicatorLayer *ViewsContainer::addIndicator(View *view, const QString &id, bool master,
+                                             const QMap<QString, float> &parameters)
 {
     IndicatorLayer *indicator = createIndicator(id, mReader, view->canvas());
-    if (!indicator) {
-        QMessageBox::warning(this, tr("Indicator"), tr("Unknown indicator: %1").arg(id));
+    if (!indicator)
         return nullptr;
-    }
+    for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
+        indicator->setParameter(it.key(), it.value());
     view->canvas()->addLayer(indicator);
     if (master)
         view->canvas()->setMasterLayer(indicator);
@@ -443,33 +479,204 @@ IndicatorLayer *ViewsContainer::addIndicator(View *view, const QString &id, bool
     return indicator;
 }
 
+View *ViewsContainer::addPane(const QList<TemplateIndicator> &indicators, QStringList *unknown)
+{
+    auto *view = new IndicatorView(mGeometry);
+    adopt(view);
+    bool any = false;
+    for (const TemplateIndicator &i : indicators) {
+        if (addIndicator(view, i.name, !any, i.parameters))
+            any = true;
+        else if (unknown)
+            unknown->append(i.name);
+    }
+    if (!any) {
+        delete view;
+        return nullptr;
+    }
+    mSplitter->addWidget(view);
+    return view;
+}
+
+void ViewsContainer::sharePaneHeights()
+{
+    // The chart keeps at least half the height; the panes share the rest.
+    const int panes = mSplitter->count() - 1;
+    if (panes < 1)
+        return;
+    const int total = std::max(mSplitter->height(), 300);
+    const int pane = std::min(total / 2 / panes, 160);
+    QList<int> sizes{total - pane * panes};
+    for (int i = 0; i < panes; ++i)
+        sizes << pane;
+    mSplitter->setSizes(sizes);
+}
+
 void ViewsContainer::slotTriggerNewIndicatorView(const QStringList &ids)
 {
-    for (const QString &id : ids) {
-        auto *view = new IndicatorView(mGeometry);
-        adopt(view);
-        if (!addIndicator(view, id, true)) {
-            delete view;
-            continue;
-        }
-        mSplitter->addWidget(view);
-        // The chart keeps at least half the height; the panes share the rest.
-        const int panes = mSplitter->count() - 1;
-        const int total = std::max(mSplitter->height(), 300);
-        const int pane = std::min(total / 2 / panes, 160);
-        QList<int> sizes{total - pane * panes};
-        for (int i = 0; i < panes; ++i)
-            sizes << pane;
-        mSplitter->setSizes(sizes);
-    }
+    QStringList unknown;
+    for (const QString &id : ids)
+        addPane({TemplateIndicator{id, {}}}, &unknown);
+    sharePaneHeights();
+    if (!unknown.isEmpty())
+        QMessageBox::warning(this, tr("Indicator"),
+                             tr("Unknown indicator: %1").arg(unknown.join(QStringLiteral(", "))));
     updateAll();
 }
 
 void ViewsContainer::slotTriggerChartIndicators(const QStringList &ids)
 {
+    QStringList unknown;
     for (const QString &id : ids)
-        addIndicator(mChart, id, false);
+        if (!addIndicator(mChart, id, false))
+            unknown << id;
+    if (!unknown.isEmpty())
+        QMessageBox::warning(this, tr("Indicator"),
+                             tr("Unknown indicator: %1").arg(unknown.join(QStringLiteral(", "))));
     updateAll();
+}
+
+namespace {
+QList<TemplateIndicator> describe(const QList<IndicatorLayer *> &indicators)
+{
+    QList<TemplateIndicator> list;
+    for (const IndicatorLayer *i : indicators)
+        list.append({i->name(), i->parameters()});
+    return list;
+}
+} // namespace
+
+ChartTemplate ViewsContainer::currentTemplate() const
+{
+    ChartTemplate t;
+    t.timeFrame = mFrame;
+    t.zoom = mGeometry->zoom();
+    const ViewColors &colors = mChart->canvas()->colors();
+    t.background = colors.background;
+    t.type = mChart->chartType();
+    t.threeD = colors.threeD;
+    t.colored = mChart->canvas()->isColoured();
+    t.chartIndicators = describe(mChart->indicators());
+    for (View *v : views())
+        if (v != mChart)
+            t.panes.append(describe(v->indicators()));
+    t.splitter = mSplitter->sizes();
+    return t;
+}
+
+QStringList ViewsContainer::applyTemplate(const ChartTemplate &t)
+{
+    QStringList unknown;
+    // The previous set-up goes first: its panes, and the indicators over the prices.
+    for (View *v : views()) {
+        if (v == mChart)
+            continue;
+        v->hide();
+        v->setParent(nullptr);
+        v->deleteLater();
+    }
+    for (IndicatorLayer *i : mChart->indicators()) {
+        i->deinit();
+        mChart->canvas()->removeLayer(i);
+    }
+
+    ViewColors colors = mChart->canvas()->colors();
+    colors.background = t.background.isValid() ? t.background : colors.background;
+    colors.threeD = t.threeD;
+    for (View *v : views())
+        v->canvas()->setColors(colors);
+    mChart->canvas()->setColoured(t.colored);
+    switch (t.type) {
+    case ChartType::Bar:
+        slotSetBar();
+        break;
+    case ChartType::Line:
+        slotSetLine();
+        break;
+    case ChartType::Empty:
+        slotSetEmpty();
+        break;
+    case ChartType::Candle:
+        slotSetCandle();
+        break;
+    }
+    {
+        const QSignalBlocker blocker(mGeometry);
+        mGeometry->setZoom(t.zoom);
+    }
+    if (t.timeFrame != mFrame || (!mReader.isNull() && mReader->timeFrame() != t.timeFrame))
+        setFrame(t.timeFrame);
+
+    for (const TemplateIndicator &i : t.chartIndicators)
+        if (!addIndicator(mChart, i.name, false, i.parameters))
+            unknown << i.name;
+    for (const QList<TemplateIndicator> &pane : t.panes)
+        addPane(pane, &unknown);
+
+    // Heights where the template gives them; the rest keep what the splitter gives them.
+    QList<int> sizes = mSplitter->sizes();
+    if (t.splitter.size() < sizes.size())
+        sharePaneHeights();
+    sizes = mSplitter->sizes();
+    for (int i = 0; i < sizes.size() && i < t.splitter.size(); ++i)
+        sizes[i] = std::max(t.splitter.at(i), 20);
+    mSplitter->setSizes(sizes);
+
+    followEnd();
+    return unknown;
+}
+
+QString ViewsContainer::templatesFolder()
+{
+    return OrdaneData::Home::path() + QStringLiteral("/Templates");
+}
+
+bool ViewsContainer::saveTemplate(const QString &path, QString *error) const
+{
+    return writeTemplateFile(path, currentTemplate(), error);
+}
+
+bool ViewsContainer::slotSetTemplate(const QString &path)
+{
+    ChartTemplate t;
+    QString error;
+    if (!readTemplateFile(path, &t, &error)) {
+        QMessageBox::warning(
+            this, tr("Load Template"),
+            tr("The template %1 could not be read: %2").arg(QDir::toNativeSeparators(path), error));
+        return false;
+    }
+    const QStringList unknown = applyTemplate(t);
+    if (!unknown.isEmpty())
+        emit message(tr("Unknown indicators left out: %1").arg(unknown.join(QStringLiteral(", "))));
+    emit templateChanged();
+    return true;
+}
+
+void ViewsContainer::slotLoadTemplate()
+{
+    QDir().mkpath(templatesFolder());
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load Template"), templatesFolder(),
+                                                      tr("Chart templates (*.tt)"));
+    if (!path.isEmpty())
+        slotSetTemplate(path);
+}
+
+void ViewsContainer::slotSaveTemplate()
+{
+    QDir().mkpath(templatesFolder());
+    QString path = QFileDialog::getSaveFileName(this, tr("Save Template"), templatesFolder(),
+                                                tr("Chart templates (*.tt)"));
+    if (path.isEmpty())
+        return;
+    if (!path.endsWith(QLatin1String(".tt")))
+        path += QStringLiteral(".tt");
+    QString error;
+    if (!saveTemplate(path, &error))
+        QMessageBox::warning(this, tr("Save Template"),
+                             tr("The template could not be saved: %1").arg(error));
+    else
+        emit message(tr("Template saved: %1").arg(QDir::toNativeSeparators(path)));
 }
 
 void ViewsContainer::recomputeIndicators()

@@ -2,6 +2,7 @@
 
 #include "data/quotesource.h"
 #include "data/readerh.h"
+#include "view/charttemplate.h"
 #include "view/viewcanvas.h"
 
 #include <QWidget>
@@ -51,6 +52,25 @@ public:
     // Opens the view settings as a dialog.
     void showViewSettings();
 
+    // The set-up of the chart area as a template: frame, zoom, background, the price chart
+    // with its overlays, the panes with their indicators and every pane's height.
+    ChartTemplate currentTemplate() const;
+    // Replaces the set-up with a template's: the panes shown before are removed, the
+    // indicators are created with the template's parameters, the heights applied where
+    // given (missing ones keep the current sizes). Returns the names that are no
+    // indicator; they are left out.
+    QStringList applyTemplate(const ChartTemplate &t);
+    // Writes the current set-up; on failure the old file stays and *error says why.
+    bool saveTemplate(const QString &path, QString *error = nullptr) const;
+    // The folder of the user's templates, "Templates" in the home folder.
+    static QString templatesFolder();
+
+signals:
+    // A template was loaded.
+    void templateChanged();
+    // A short note for the status bar, such as the indicators a template named in vain.
+    void message(const QString &text);
+
 public slots:
     void slotFetchChartData();
     void slotFetchChartData(const QString &symbol);
@@ -83,9 +103,18 @@ public slots:
     void slotTriggerNewIndicatorView(const QStringList &ids);
     // Each identifier is drawn over the prices.
     void slotTriggerChartIndicators(const QStringList &ids);
+    // Loads the template file or resource at `path`; a file that cannot be read is
+    // reported and changes nothing. Returns whether it was loaded.
+    bool slotSetTemplate(const QString &path);
+    // The same through the dialogs "Load Template" and "Save Template" in the templates
+    // folder.
+    void slotLoadTemplate();
+    void slotSaveTemplate();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 public:
     QList<View *> views() const;
@@ -96,7 +125,14 @@ private:
     void removeView(View *view);
     // init() and start() of every indicator: after the series or its frame changed.
     void recomputeIndicators();
-    IndicatorLayer *addIndicator(View *view, const QString &id, bool master);
+    // Creates indicator `id` with these parameters over the defaults; none for an unknown
+    // identifier.
+    IndicatorLayer *addIndicator(View *view, const QString &id, bool master,
+                                 const QMap<QString, float> &parameters = {});
+    // A new pane beneath the others holding these indicators, the first as its master;
+    // none when not one of them could be made (their names are added to *unknown).
+    View *addPane(const QList<TemplateIndicator> &indicators, QStringList *unknown);
+    void sharePaneHeights();
     void updateAll();
     void zoom(bool in);
     void setFrame(int frame);
