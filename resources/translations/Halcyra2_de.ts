@@ -4,26 +4,6 @@
 <context>
     <name>Halcyra::MainWindow</name>
     <message>
-        <source>Stored symbols</source>
-        <translation>Gespeicherte Symbole</translation>
-    </message>
-    <message>
-        <source>Symbol</source>
-        <translation>Symbol</translation>
-    </message>
-    <message>
-        <source>Bars</source>
-        <translation>Balken</translation>
-    </message>
-    <message>
-        <source>Last day</source>
-        <translation>Letzter Tag</translation>
-    </message>
-    <message>
-        <source>Last close</source>
-        <translation>Letzter Schluss</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>&amp;Werkzeuge</translation>
     </message>
@@ -64,48 +44,166 @@
         <translation>Erinnerung</translation>
     </message>
     <message>
-        <source>Double-click a symbol to chart it.</source>
-        <translation>Doppelklicken Sie auf ein Symbol, um es im Chart zu zeigen.</translation>
+        <source>&amp;English</source>
+        <translation>&amp;Englisch</translation>
     </message>
     <message>
-        <source>Chart &amp;Colours...</source>
-        <translation>Chart-&amp;Farben...</translation>
+        <source>&amp;Russian</source>
+        <translation>&amp;Russisch</translation>
     </message>
     <message>
-        <source>&amp;Chart</source>
-        <translation>&amp;Chart</translation>
+        <source>&amp;German</source>
+        <translation>&amp;Deutsch</translation>
     </message>
     <message>
-        <source>&amp;Edit Quotes...</source>
-        <translation>Kurse &amp;bearbeiten...</translation>
+        <source>Work Area</source>
+        <translation>Arbeitsbereich</translation>
     </message>
     <message>
-        <source>%1 bars from %2 to %3</source>
-        <translation>%1 Balken vom %2 bis %3</translation>
+        <source>Browser</source>
+        <translation>Browser</translation>
     </message>
     <message>
-        <source>&amp;Indicators</source>
-        <translation>&amp;Indikatoren</translation>
+        <source>Indicators</source>
+        <translation>Indikatoren</translation>
     </message>
     <message>
-        <source>Add in a &amp;Pane...</source>
-        <translation>In einem &amp;Bereich hinzufügen...</translation>
+        <source>Candle Guru</source>
+        <translation>Kerzen-Guru</translation>
     </message>
     <message>
-        <source>Add over the &amp;Chart...</source>
-        <translation>Über dem &amp;Chart hinzufügen...</translation>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
-        <source>Add over the Chart</source>
-        <translation>Über dem Chart hinzufügen</translation>
+        <source>Full &amp;Screen</source>
+        <translation>&amp;Vollbild</translation>
     </message>
     <message>
-        <source>Add in a Pane</source>
-        <translation>In einem Bereich hinzufügen</translation>
+        <source>&amp;Virtual Resolution</source>
+        <translation>&amp;Virtuelle Auflösung</translation>
     </message>
     <message>
-        <source>Indicator:</source>
-        <translation>Indikator:</translation>
+        <source>Virtul Resolution</source>
+        <translation>Virtuelle Auflösung</translation>
+    </message>
+    <message>
+        <source>Load &amp;Template</source>
+        <translation>&amp;Vorlage laden</translation>
+    </message>
+    <message>
+        <source>Save T&amp;emplate</source>
+        <translation>Vorlage &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Predefined Templates</source>
+        <translation>&amp;Mitgelieferte Vorlagen</translation>
+    </message>
+    <message>
+        <source>&amp;Settings...</source>
+        <translation>&amp;Einstellungen...</translation>
+    </message>
+    <message>
+        <source>Open a Settings Dialog</source>
+        <translation>Öffnet die Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Languages</source>
+        <translation>&amp;Sprachen</translation>
+    </message>
+    <message>
+        <source>Menu Panel</source>
+        <translation>Menüleiste</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Virtual Resolution</source>
+        <translation>Virtuelle Auflösung</translation>
+    </message>
+    <message>
+        <source>Load Template</source>
+        <translation>Vorlage laden</translation>
+    </message>
+    <message>
+        <source>Save Template</source>
+        <translation>Vorlage speichern</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Unknown indicators left out: %1</source>
+        <translation>Unbekannte Indikatoren ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Chart Colours</source>
+        <translation>Chart-Farben</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Template loaded</source>
+        <translation>Vorlage geladen</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::StockList</name>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Börse</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::StorageBrowser</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a quote file.</source>
+        <translation>%1 ist keine Kursdatei.</translation>
+    </message>
+    <message>
+        <source>%1 holds no quotes.</source>
+        <translation>%1 enthält keine Kurse.</translation>
+    </message>
+    <message>
+        <source>%1 Items</source>
+        <translation>%1 Einträge</translation>
     </message>
 </context>
 <context>
@@ -140,6 +238,33 @@
     </message>
 </context>
 <context>
+    <name>OrdaneView::ChartTemplate</name>
+    <message>
+        <source>Trawler &amp;Week</source>
+        <translation>Trawler &amp;Woche</translation>
+    </message>
+    <message>
+        <source>Trawler &amp;Day</source>
+        <translation>Trawler &amp;Tag</translation>
+    </message>
+    <message>
+        <source>W&amp;ork Template</source>
+        <translation>A&amp;rbeitsvorlage</translation>
+    </message>
+    <message>
+        <source>W&amp;illiams</source>
+        <translation>W&amp;illiams</translation>
+    </message>
+    <message>
+        <source>&amp;Elder Rays</source>
+        <translation>&amp;Elder-Strahlen</translation>
+    </message>
+    <message>
+        <source>&amp;BollingerBands</source>
+        <translation>&amp;Bollinger-Bänder</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneView::ChartView</name>
     <message>
         <source>Chart Colours</source>
@@ -152,6 +277,17 @@
     <message>
         <source>Properties of:</source>
         <translation>Eigenschaften von:</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::IndicatorFactoryWidget</name>
+    <message>
+        <source>Add in New &amp;Pane</source>
+        <translation>In neuem &amp;Bereich</translation>
+    </message>
+    <message>
+        <source>Add to &amp;Chart</source>
+        <translation>In den &amp;Chart</translation>
     </message>
 </context>
 <context>
@@ -457,6 +593,34 @@
     <message>
         <source>Unknown indicator: %1</source>
         <translation>Unbekannter Indikator: %1</translation>
+    </message>
+    <message>
+        <source>Load Template</source>
+        <translation>Vorlage laden</translation>
+    </message>
+    <message>
+        <source>The template %1 could not be read: %2</source>
+        <translation>Die Vorlage %1 konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>Unknown indicators left out: %1</source>
+        <translation>Unbekannte Indikatoren ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Chart templates (*.tt)</source>
+        <translation>Chart-Vorlagen (*.tt)</translation>
+    </message>
+    <message>
+        <source>Save Template</source>
+        <translation>Vorlage speichern</translation>
+    </message>
+    <message>
+        <source>The template could not be saved: %1</source>
+        <translation>Die Vorlage konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Template saved: %1</source>
+        <translation>Vorlage gespeichert: %1</translation>
     </message>
 </context>
 </TS>

@@ -4,26 +4,6 @@
 <context>
     <name>Halcyra::MainWindow</name>
     <message>
-        <source>Stored symbols</source>
-        <translation>Сохранённые символы</translation>
-    </message>
-    <message>
-        <source>Symbol</source>
-        <translation>Символ</translation>
-    </message>
-    <message>
-        <source>Bars</source>
-        <translation>Бары</translation>
-    </message>
-    <message>
-        <source>Last day</source>
-        <translation>Последний день</translation>
-    </message>
-    <message>
-        <source>Last close</source>
-        <translation>Последнее закрытие</translation>
-    </message>
-    <message>
         <source>&amp;Tools</source>
         <translation>&amp;Инструменты</translation>
     </message>
@@ -64,48 +44,166 @@
         <translation>Напоминание</translation>
     </message>
     <message>
-        <source>Double-click a symbol to chart it.</source>
-        <translation>Дважды щёлкните символ, чтобы показать его график.</translation>
+        <source>&amp;English</source>
+        <translation>&amp;Английский</translation>
     </message>
     <message>
-        <source>Chart &amp;Colours...</source>
-        <translation>&amp;Цвета графика...</translation>
+        <source>&amp;Russian</source>
+        <translation>&amp;Русский</translation>
     </message>
     <message>
-        <source>&amp;Chart</source>
-        <translation>&amp;График</translation>
+        <source>&amp;German</source>
+        <translation>&amp;Немецкий</translation>
     </message>
     <message>
-        <source>&amp;Edit Quotes...</source>
-        <translation>&amp;Изменить котировки...</translation>
+        <source>Work Area</source>
+        <translation>Рабочая область</translation>
     </message>
     <message>
-        <source>%1 bars from %2 to %3</source>
-        <translation>%1 баров с %2 по %3</translation>
+        <source>Browser</source>
+        <translation>Обозреватель</translation>
     </message>
     <message>
-        <source>&amp;Indicators</source>
-        <translation>&amp;Индикаторы</translation>
+        <source>Indicators</source>
+        <translation>Индикаторы</translation>
     </message>
     <message>
-        <source>Add in a &amp;Pane...</source>
-        <translation>Добавить на &amp;панель...</translation>
+        <source>Candle Guru</source>
+        <translation>Гуру свечей</translation>
     </message>
     <message>
-        <source>Add over the &amp;Chart...</source>
-        <translation>Добавить на &amp;график...</translation>
+        <source>&amp;View</source>
+        <translation>&amp;Вид</translation>
     </message>
     <message>
-        <source>Add over the Chart</source>
-        <translation>Добавить на график</translation>
+        <source>Full &amp;Screen</source>
+        <translation>Полный &amp;экран</translation>
     </message>
     <message>
-        <source>Add in a Pane</source>
-        <translation>Добавить на панель</translation>
+        <source>&amp;Virtual Resolution</source>
+        <translation>&amp;Виртуальное разрешение</translation>
     </message>
     <message>
-        <source>Indicator:</source>
-        <translation>Индикатор:</translation>
+        <source>Virtul Resolution</source>
+        <translation>Виртуальное разрешение</translation>
+    </message>
+    <message>
+        <source>Load &amp;Template</source>
+        <translation>Загрузить &amp;шаблон</translation>
+    </message>
+    <message>
+        <source>Save T&amp;emplate</source>
+        <translation>Сохранить ш&amp;аблон</translation>
+    </message>
+    <message>
+        <source>&amp;Predefined Templates</source>
+        <translation>&amp;Готовые шаблоны</translation>
+    </message>
+    <message>
+        <source>&amp;Settings...</source>
+        <translation>&amp;Настройки...</translation>
+    </message>
+    <message>
+        <source>Open a Settings Dialog</source>
+        <translation>Открыть окно настроек</translation>
+    </message>
+    <message>
+        <source>&amp;Languages</source>
+        <translation>&amp;Языки</translation>
+    </message>
+    <message>
+        <source>Menu Panel</source>
+        <translation>Панель меню</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Меню</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Полный экран</translation>
+    </message>
+    <message>
+        <source>Virtual Resolution</source>
+        <translation>Виртуальное разрешение</translation>
+    </message>
+    <message>
+        <source>Load Template</source>
+        <translation>Загрузить шаблон</translation>
+    </message>
+    <message>
+        <source>Save Template</source>
+        <translation>Сохранить шаблон</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Справка</translation>
+    </message>
+    <message>
+        <source>Unknown indicators left out: %1</source>
+        <translation>Пропущены неизвестные индикаторы: %1</translation>
+    </message>
+    <message>
+        <source>Chart Colours</source>
+        <translation>Цвета графика</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Язык</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Обновления</translation>
+    </message>
+    <message>
+        <source>Template loaded</source>
+        <translation>Шаблон загружен</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::StockList</name>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Название</translation>
+    </message>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Биржа</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::StorageBrowser</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Правка</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Скрыть</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>Не удаётся открыть %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a quote file.</source>
+        <translation>%1 не является файлом котировок.</translation>
+    </message>
+    <message>
+        <source>%1 holds no quotes.</source>
+        <translation>В %1 нет котировок.</translation>
+    </message>
+    <message>
+        <source>%1 Items</source>
+        <translation>Элементов: %1</translation>
     </message>
 </context>
 <context>
@@ -140,6 +238,33 @@
     </message>
 </context>
 <context>
+    <name>OrdaneView::ChartTemplate</name>
+    <message>
+        <source>Trawler &amp;Week</source>
+        <translation>Trawler &amp;неделя</translation>
+    </message>
+    <message>
+        <source>Trawler &amp;Day</source>
+        <translation>Trawler &amp;день</translation>
+    </message>
+    <message>
+        <source>W&amp;ork Template</source>
+        <translation>Р&amp;абочий шаблон</translation>
+    </message>
+    <message>
+        <source>W&amp;illiams</source>
+        <translation>У&amp;ильямс</translation>
+    </message>
+    <message>
+        <source>&amp;Elder Rays</source>
+        <translation>&amp;Лучи Элдера</translation>
+    </message>
+    <message>
+        <source>&amp;BollingerBands</source>
+        <translation>&amp;Полосы Боллинджера</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneView::ChartView</name>
     <message>
         <source>Chart Colours</source>
@@ -152,6 +277,17 @@
     <message>
         <source>Properties of:</source>
         <translation>Свойства:</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::IndicatorFactoryWidget</name>
+    <message>
+        <source>Add in New &amp;Pane</source>
+        <translation>В новую &amp;панель</translation>
+    </message>
+    <message>
+        <source>Add to &amp;Chart</source>
+        <translation>На &amp;график</translation>
     </message>
 </context>
 <context>
@@ -457,6 +593,34 @@
     <message>
         <source>Unknown indicator: %1</source>
         <translation>Неизвестный индикатор: %1</translation>
+    </message>
+    <message>
+        <source>Load Template</source>
+        <translation>Загрузить шаблон</translation>
+    </message>
+    <message>
+        <source>The template %1 could not be read: %2</source>
+        <translation>Не удалось прочитать шаблон %1: %2</translation>
+    </message>
+    <message>
+        <source>Unknown indicators left out: %1</source>
+        <translation>Пропущены неизвестные индикаторы: %1</translation>
+    </message>
+    <message>
+        <source>Chart templates (*.tt)</source>
+        <translation>Шаблоны графиков (*.tt)</translation>
+    </message>
+    <message>
+        <source>Save Template</source>
+        <translation>Сохранить шаблон</translation>
+    </message>
+    <message>
+        <source>The template could not be saved: %1</source>
+        <translation>Не удалось сохранить шаблон: %1</translation>
+    </message>
+    <message>
+        <source>Template saved: %1</source>
+        <translation>Шаблон сохранён: %1</translation>
     </message>
 </context>
 </TS>

@@ -9,6 +9,37 @@
     </message>
 </context>
 <context>
+    <name>QMWidgets::LanguagePage</name>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>Russisch</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>The interface language is used from the next start.</source>
+        <translation>Die Sprache der Oberfläche gilt ab dem nächsten Start.</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Sprache:</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>The Language is changed now.</source>
+        <translation>Die Sprache ist jetzt geändert.</translation>
+    </message>
+</context>
+<context>
     <name>QMWidgets::RemindersDialog</name>
     <message>
         <source>&amp;Add</source>
@@ -33,6 +64,13 @@
     <message>
         <source>Note:</source>
         <translation>Notiz:</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
     </message>
 </context>
 <context>
@@ -83,6 +121,40 @@
     <message>
         <source>Update check</source>
         <translation>Aktualisierungsprüfung</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::UpdatesPage</name>
+    <message>
+        <source>Check for updates at start</source>
+        <translation>Beim Start nach Aktualisierungen suchen</translation>
+    </message>
+    <message>
+        <source>Update &amp;address:</source>
+        <translation>Aktualisierungs&amp;adresse:</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::VirtualResolutionDialog</name>
+    <message>
+        <source>Virtual Resolution</source>
+        <translation>Virtuelle Auflösung</translation>
+    </message>
+    <message>
+        <source>&amp;Scale:</source>
+        <translation>&amp;Maßstab:</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start.</source>
+        <translation>Gilt ab dem nächsten Start.</translation>
+    </message>
+    <message>
+        <source>The environment variable QT_SCALE_FACTOR is set and overrides this setting.</source>
+        <translation>Die Umgebungsvariable QT_SCALE_FACTOR ist gesetzt und hat Vorrang vor dieser Einstellung.</translation>
+    </message>
+    <message>
+        <source>%1 × %2 appears as %3 × %4</source>
+        <translation>%1 × %2 erscheint als %3 × %4</translation>
     </message>
 </context>
 </TS>

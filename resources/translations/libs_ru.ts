@@ -9,6 +9,37 @@
     </message>
 </context>
 <context>
+    <name>QMWidgets::LanguagePage</name>
+    <message>
+        <source>English</source>
+        <translation>Английский</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>Русский</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Немецкий</translation>
+    </message>
+    <message>
+        <source>The interface language is used from the next start.</source>
+        <translation>Язык интерфейса применяется со следующего запуска.</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Язык:</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Язык</translation>
+    </message>
+    <message>
+        <source>The Language is changed now.</source>
+        <translation>Язык изменён.</translation>
+    </message>
+</context>
+<context>
     <name>QMWidgets::RemindersDialog</name>
     <message>
         <source>&amp;Add</source>
@@ -33,6 +64,13 @@
     <message>
         <source>Note:</source>
         <translation>Заметка:</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
     </message>
 </context>
 <context>
@@ -83,6 +121,40 @@
     <message>
         <source>Update check</source>
         <translation>Проверка обновлений</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::UpdatesPage</name>
+    <message>
+        <source>Check for updates at start</source>
+        <translation>Проверять обновления при запуске</translation>
+    </message>
+    <message>
+        <source>Update &amp;address:</source>
+        <translation>&amp;Адрес обновлений:</translation>
+    </message>
+</context>
+<context>
+    <name>QMWidgets::VirtualResolutionDialog</name>
+    <message>
+        <source>Virtual Resolution</source>
+        <translation>Виртуальное разрешение</translation>
+    </message>
+    <message>
+        <source>&amp;Scale:</source>
+        <translation>&amp;Масштаб:</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start.</source>
+        <translation>Вступает в силу при следующем запуске.</translation>
+    </message>
+    <message>
+        <source>The environment variable QT_SCALE_FACTOR is set and overrides this setting.</source>
+        <translation>Задана переменная окружения QT_SCALE_FACTOR, она имеет приоритет над этой настройкой.</translation>
+    </message>
+    <message>
+        <source>%1 × %2 appears as %3 × %4</source>
+        <translation>%1 × %2 выглядит как %3 × %4</translation>
     </message>
 </context>
 </TS>
