@@ -93,7 +93,7 @@ void TestStartup::translationsFollowTheLanguage()
         return QCoreApplication::translate("QMWidgets::UpdaterPage", "Searching for the updates");
     };
     const auto stored = [] {
-        return QCoreApplication::translate("Halcyra::MainWindow", "Stored symbols");
+        return QCoreApplication::translate("Halcyra::MainWindow", "Work Area");
     };
     QMWidgets::TranslationsManager manager;
 
@@ -103,11 +103,11 @@ void TestStartup::translationsFollowTheLanguage()
     // The toolkit's own texts come from its translations folder.
     QVERIFY(german.filter(QStringLiteral("qt_de.qm")).size() == 1);
     QCOMPARE(searching(), QStringLiteral("Suche nach Aktualisierungen"));
-    QCOMPARE(stored(), QStringLiteral("Gespeicherte Symbole"));
+    QCOMPARE(stored(), QStringLiteral("Arbeitsbereich"));
 
     QVERIFY(manager.install(QStringLiteral("ru"))
                 .contains(QStringLiteral(":/Translations/Halcyra2_ru.qm")));
-    QCOMPARE(stored(), QStringLiteral("Сохранённые символы"));
+    QCOMPARE(stored(), QStringLiteral("Рабочая область"));
 
     // No files of ours for English: every text stays as written.
     QCOMPARE(manager.install(QStringLiteral("en")).filter(QStringLiteral(":/")), QStringList());
