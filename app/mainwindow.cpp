@@ -2,6 +2,7 @@
 
 #include "browser/storagebrowser.h"
 #include "data/home.h"
+#include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
 #include "view/charttemplate.h"
 #include "view/ui/viewparameters.h"
@@ -57,6 +58,7 @@ MainWindow::MainWindow(QWidget *parent)
     , mViews(new OrdaneView::ViewsContainer(this))
     , mBrowser(new OrdaneBrowser::StorageBrowser(this))
     , mIndicators(new OrdaneView::IndicatorFactoryWidget(this))
+    , mCandles(new OrdaneView::CandlesExpertPanel(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Halcyra %1").arg(QCoreApplication::applicationVersion()));
@@ -64,16 +66,14 @@ MainWindow::MainWindow(QWidget *parent)
     setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
 
     // The work area is all docks; the chart dock takes the room a central widget would.
-    // The candle-pattern panel comes with pattern recognition; the dock waits for it.
-    auto *guru = new QWidget(this);
     QDockWidget *work =
         addDock(QStringLiteral("WorkAreaDock"), tr("Work Area"), mViews, Qt::RightDockWidgetArea);
     QDockWidget *browser =
         addDock(QStringLiteral("BrowserDock"), tr("Browser"), mBrowser, Qt::LeftDockWidgetArea);
     QDockWidget *indicators = addDock(QStringLiteral("IndicatorsDock"), tr("Indicators"),
                                       mIndicators, Qt::LeftDockWidgetArea);
-    QDockWidget *candles =
-        addDock(QStringLiteral("CandleGuruDock"), tr("Candle Guru"), guru, Qt::LeftDockWidgetArea);
+    QDockWidget *candles = addDock(QStringLiteral("CandleGuruDock"), tr("Candle Guru"), mCandles,
+                                   Qt::LeftDockWidgetArea);
     splitDockWidget(browser, work, Qt::Horizontal);
     splitDockWidget(browser, indicators, Qt::Vertical);
     tabifyDockWidget(indicators, candles);
@@ -91,6 +91,19 @@ MainWindow::MainWindow(QWidget *parent)
             &OrdaneView::ViewsContainer::slotTriggerNewIndicatorView);
     connect(mIndicators, &OrdaneView::IndicatorFactoryWidget::addChartIndicators, mViews,
             &OrdaneView::ViewsContainer::slotTriggerChartIndicators);
+    connect(mCandles, &OrdaneView::CandlesExpertPanel::required, mViews,
+            &OrdaneView::ViewsContainer::slotSetCandlePatternRequirments);
+    connect(mCandles, &OrdaneView::CandlesExpertPanel::strengthChanged, mViews,
+            &OrdaneView::ViewsContainer::slotSetCandlePatternStrength);
+    connect(mCandles, &OrdaneView::CandlesExpertPanel::blendingChanged, mViews,
+            &OrdaneView::ViewsContainer::slotSetCandlePatternBlending);
+    connect(mCandles, &OrdaneView::CandlesExpertPanel::showCandlePatterns, mViews,
+            &OrdaneView::ViewsContainer::slotShowCandlePatterns);
+    // The panel's choices from the last run.
+    mViews->slotSetCandlePatternRequirments(mCandles->requiredPatterns());
+    mViews->slotSetCandlePatternStrength(mCandles->strength());
+    mViews->slotSetCandlePatternBlending(mCandles->isBlending());
+    mViews->slotShowCandlePatterns(mCandles->isActive());
 
     connect(mBrowser, &OrdaneBrowser::StorageBrowser::chartItemSeletected, mViews,
             &OrdaneView::ViewsContainer::slotSetReader);

@@ -9,6 +9,7 @@ namespace OrdaneBrowser {
 class StorageBrowser;
 }
 namespace OrdaneView {
+class CandlesExpertPanel;
 class IndicatorFactoryWidget;
 class ViewsContainer;
 } // namespace OrdaneView
@@ -17,7 +18,8 @@ namespace Halcyra {
 
 // The program's one top-level window. Its work area is four docks: "Work Area" (the chart
 // views), "Browser" (the stored symbols), "Indicators" (the indicator list) and "Candle
-// Guru". Above them the menu panel, a row of buttons for the most used actions; the menus
+// Guru" (the candle-pattern panel). Above them the menu panel, a row of buttons for the most used
+// actions; the menus
 // "&View", "&Tools", "&Languages" and "&Help" hold every action.
 //
 // The window's geometry and dock layout, and the chart set-up (as the template
@@ -33,6 +35,7 @@ public:
     OrdaneView::ViewsContainer *viewsContainer() const { return mViews; }
     OrdaneBrowser::StorageBrowser *storageBrowser() const { return mBrowser; }
     OrdaneView::IndicatorFactoryWidget *indicatorList() const { return mIndicators; }
+    OrdaneView::CandlesExpertPanel *candlePanel() const { return mCandles; }
     // The docks in the order "Work Area", "Browser", "Indicators", "Candle Guru".
     QList<QDockWidget *> docks() const { return mDocks; }
 
@@ -77,6 +80,7 @@ private:
     OrdaneView::ViewsContainer *mViews;
     OrdaneBrowser::StorageBrowser *mBrowser;
     OrdaneView::IndicatorFactoryWidget *mIndicators;
+    OrdaneView::CandlesExpertPanel *mCandles;
     QList<QDockWidget *> mDocks;
     QMenu *mMainMenu = nullptr; // every menu, for the panel's "Menu" button
 };

@@ -7,6 +7,7 @@ int runRender(const QStringList &args, Context &context);
 int runIndicator(const QStringList &args, Context &context);
 int runMath(const QStringList &args, Context &context);
 int runCatalogue(const QStringList &args, Context &context);
+int runPatterns(const QStringList &args, Context &context);
 int runTemplate(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
@@ -35,6 +36,13 @@ const std::vector<Command> &commands()
          "Apply a series routine (sma ema smma wma median stdDev stdDevNMinus1 shift) to the "
          "numbers read from the standard input; print one result per line.",
          &runMath},
+        {"patterns", "single|pair|triple FILE [--require NAME,...] [--blending] [--trend up|down]",
+         "Classify the candles of FILE: every bar (single), every pair of consecutive bars "
+         "dated with the later one (pair, blended into one bar when nothing matched and "
+         "--blending is given) or every triple (triple), as yyyy-MM-dd,Pattern,grade with None "
+         "and 0 where nothing matched. --require limits the patterns tried; --trend forces the "
+         "trend flag of every bar.",
+         &runPatterns},
         {"catalogue", "",
          "List the built-in indicators: identifier, title, label, parameters with their "
          "defaults, buffers and whether the indicator list offers it, separated by tabs.",

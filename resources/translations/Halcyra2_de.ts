@@ -238,6 +238,80 @@
     </message>
 </context>
 <context>
+    <name>OrdaneView::CandlesExpertPanel</name>
+    <message>
+        <source>Activate Guru</source>
+        <translation>Guru aktivieren</translation>
+    </message>
+    <message>
+        <source>Select the patterns to mark; Ctrl+click adds one.</source>
+        <translation>Muster zum Markieren wählen; Strg+Klick fügt eines hinzu.</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Strong</source>
+        <translation>Stark</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Schwach</translation>
+    </message>
+    <message>
+        <source>Blending</source>
+        <translation>Verschmelzen</translation>
+    </message>
+    <message>
+        <source>Candle Guru</source>
+        <translation>Kerzen-Guru</translation>
+    </message>
+    <message>
+        <source>Mark candle patterns on the price chart</source>
+        <translation>Kerzenmuster im Kurschart markieren</translation>
+    </message>
+    <message>
+        <source>Show the patterns closest to their ideal shape</source>
+        <translation>Muster zeigen, die ihrer Idealform am nächsten sind</translation>
+    </message>
+    <message>
+        <source>Show the patterns of medium strength</source>
+        <translation>Muster mittlerer Stärke zeigen</translation>
+    </message>
+    <message>
+        <source>Show the loosest matches</source>
+        <translation>Die losesten Treffer zeigen</translation>
+    </message>
+    <message>
+        <source>Test a pair of candles that forms no two-candle pattern as one candle</source>
+        <translation>Ein Kerzenpaar ohne Zwei-Kerzen-Muster als eine Kerze prüfen</translation>
+    </message>
+    <message>
+        <source>Pattern Name</source>
+        <translation>Mustername</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::CandlesPatternLayer</name>
+    <message>
+        <source>Strong</source>
+        <translation>Stark</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Schwach</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneView::ChartTemplate</name>
     <message>
         <source>Trawler &amp;Week</source>

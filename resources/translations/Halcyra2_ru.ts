@@ -238,6 +238,80 @@
     </message>
 </context>
 <context>
+    <name>OrdaneView::CandlesExpertPanel</name>
+    <message>
+        <source>Activate Guru</source>
+        <translation>Включить гуру</translation>
+    </message>
+    <message>
+        <source>Select the patterns to mark; Ctrl+click adds one.</source>
+        <translation>Выберите фигуры для отметки; Ctrl+щелчок добавляет ещё одну.</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>Сила</translation>
+    </message>
+    <message>
+        <source>Strong</source>
+        <translation>Сильные</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Средние</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Слабые</translation>
+    </message>
+    <message>
+        <source>Blending</source>
+        <translation>Слияние</translation>
+    </message>
+    <message>
+        <source>Candle Guru</source>
+        <translation>Гуру свечей</translation>
+    </message>
+    <message>
+        <source>Mark candle patterns on the price chart</source>
+        <translation>Отмечать свечные фигуры на графике цен</translation>
+    </message>
+    <message>
+        <source>Show the patterns closest to their ideal shape</source>
+        <translation>Показывать фигуры, ближайшие к идеальной форме</translation>
+    </message>
+    <message>
+        <source>Show the patterns of medium strength</source>
+        <translation>Показывать фигуры средней силы</translation>
+    </message>
+    <message>
+        <source>Show the loosest matches</source>
+        <translation>Показывать самые слабые совпадения</translation>
+    </message>
+    <message>
+        <source>Test a pair of candles that forms no two-candle pattern as one candle</source>
+        <translation>Проверять пару свечей без двухсвечной фигуры как одну свечу</translation>
+    </message>
+    <message>
+        <source>Pattern Name</source>
+        <translation>Название фигуры</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::CandlesPatternLayer</name>
+    <message>
+        <source>Strong</source>
+        <translation>Сильные</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Средние</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Слабые</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneView::ChartTemplate</name>
     <message>
         <source>Trawler &amp;Week</source>

@@ -7,7 +7,9 @@
 #include "browser/storagebrowser.h"
 #include "data/home.h"
 #include "data/reader.h"
+#include "indicators/candlespatternlayer.h"
 #include "indicators/indicatorlayer.h"
+#include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
 #include "view/charttemplate.h"
 #include "view/ui/chartview.h"
@@ -41,6 +43,7 @@ private slots:
     void signalsOfTheWindow();
     void indicatorListReachesTheViews();
     void browserSelectionReachesTheViews();
+    void candleGuruReachesTheChart();
     void builtinTemplatesFromTheMenu();
     void setUpKeptBetweenRuns();
     void brokenLastTemplateFallsBackToTheWeek();
@@ -220,6 +223,21 @@ void TestMainWindow::browserSelectionReachesTheViews()
     QCOMPARE(mWindow->viewsContainer()->reader()->symbol(), QStringLiteral("MSFT"));
     // The chart keeps the frame of the set-up (the week template at a first start).
     QCOMPARE(mWindow->viewsContainer()->reader()->timeFrame(), int(OrdaneData::Week));
+}
+
+void TestMainWindow::candleGuruReachesTheChart()
+{
+    QCOMPARE(mWindow->docks().at(3)->widget(), mWindow->candlePanel());
+    CandlesPatternLayer *layer = mWindow->viewsContainer()->chartView()->patternLayer();
+    QVERIFY(!layer->isShown());
+    emit mWindow->candlePanel()->showCandlePatterns(true);
+    QVERIFY(layer->isShown());
+    emit mWindow->candlePanel()->strengthChanged(CandlePattern::Strong);
+    QCOMPARE(layer->strength(), int(CandlePattern::Strong));
+    emit mWindow->candlePanel()->blendingChanged(true);
+    QVERIFY(layer->isBlending());
+    emit mWindow->candlePanel()->required({CandlePattern::Doji});
+    QCOMPARE(layer->required(), CandlePattern::PatternSet({CandlePattern::Doji}));
 }
 
 void TestMainWindow::builtinTemplatesFromTheMenu()

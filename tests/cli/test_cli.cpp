@@ -49,6 +49,7 @@ private slots:
     void catalogueListsEveryIndicator();
     void templatePrintsTheSavedForm();
     void renderFollowsATemplate();
+    void patternsClassifyEveryBar();
     void realProcessReportsFailures();
 
 private:
@@ -125,6 +126,11 @@ void TestCli::exitStatus_data()
     row("template-without-file", {S("template")}, 2, "expected one FILE.tt");
     row("template-missing-file", {S("template"), S("/nonexistent.tt")}, 1, "cannot open");
     row("template-not-a-template", {S("template"), file}, 1, "line 1, column ");
+    row("patterns-unknown-span", {S("patterns"), S("quad"), file}, 2, "single|pair|triple");
+    row("patterns-unknown-name", {S("patterns"), S("single"), file, S("--require"), S("Dojo")}, 2,
+        "unknown pattern Dojo");
+    row("patterns-bad-trend", {S("patterns"), S("single"), file, S("--trend"), S("sideways")}, 2,
+        "up or down");
     row("render-missing-template",
         {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
         "cannot open");
@@ -346,6 +352,43 @@ void TestCli::renderFollowsATemplate()
     image.load(png);
     QCOMPARE(QColor(image.pixel(200, 239)), background);
     QVERIFY(QColor(image.pixel(200, 240)) != background);
+}
+
+// Bars opening at 10.5 and closing at their high of 11, low 8: a hammer (body half a third
+// of the range: grade 2) after a fall and a hanging man after a rise; blended pairs are the
+// same shape.
+void TestCli::patternsClassifyEveryBar()
+{
+    QVector<QuoteBar> bars;
+    for (int day = 1; day <= 5; ++day)
+        bars.append(QuoteBar(QDate(2012, 10, day), 10.5f, 11, 8, 11, 100));
+    const QString file = mDir.filePath(QStringLiteral("H.csv"));
+    QVERIFY(OrdaneData::writeText(file, OrdaneData::seriesToText(bars)));
+    const auto lines = [&](const QStringList &args) {
+        const Outcome r = runCli(QStringList{QStringLiteral("patterns")} + args);
+        return r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    };
+    const QString single = QStringLiteral("single"), pair = QStringLiteral("pair"),
+                  trend = QStringLiteral("--trend"), up = QStringLiteral("up"),
+                  down = QStringLiteral("down");
+
+    QStringList out = lines({single, file, trend, down});
+    QCOMPARE(out.size(), 5);
+    QCOMPARE(out.first(), QStringLiteral("2012-10-01,Hammer,2"));
+    QCOMPARE(lines({single, file, trend, up}).last(), QStringLiteral("2012-10-05,HangingMan,2"));
+    QCOMPARE(lines({single, file, trend, down, QStringLiteral("--require"),
+                    QStringLiteral("Doji,HangingMan")})
+                 .first(),
+             QStringLiteral("2012-10-01,None,0"));
+
+    // Pairs and triples are dated with their last bar; pairs blend only when asked.
+    out = lines({pair, file, trend, up, QStringLiteral("--blending")});
+    QCOMPARE(out.size(), 4);
+    QCOMPARE(out.first(), QStringLiteral("2012-10-02,HangingMan,2"));
+    QCOMPARE(lines({pair, file, trend, up}).first(), QStringLiteral("2012-10-02,None,0"));
+    out = lines({QStringLiteral("triple"), file});
+    QCOMPARE(out.size(), 3);
+    QCOMPARE(out.first(), QStringLiteral("2012-10-03,None,0"));
 }
 
 void TestCli::realProcessReportsFailures()

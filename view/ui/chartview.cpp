@@ -1,5 +1,6 @@
 #include "chartview.h"
 
+#include "indicators/candlespatternlayer.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
 
@@ -14,6 +15,32 @@ ChartView::ChartView(ChartGeometry *geometry, QWidget *parent)
     mPrice = createPriceLayer(mType, canvas());
     canvas()->addLayer(mPrice);
     canvas()->setMasterLayer(mPrice);
+    mPatterns = new CandlesPatternLayer(canvas());
+    canvas()->addLayer(mPatterns);
+}
+
+void ChartView::slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns)
+{
+    mPatterns->setRequired(patterns);
+    update();
+}
+
+void ChartView::slotSetCandlePatternStrength(int mask)
+{
+    mPatterns->setStrength(mask);
+    update();
+}
+
+void ChartView::slotSetCandlePatternBlending(bool on)
+{
+    mPatterns->setBlending(on);
+    update();
+}
+
+void ChartView::slotShowCandlePatterns(bool on)
+{
+    mPatterns->setShown(on);
+    update();
 }
 
 void ChartView::setChartType(ChartType type)

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "indicators/patterns/candlepattern.h"
 #include "view.h"
 #include "view/chartlayer.h"
 
 namespace OrdaneView {
 
-// The price chart: one price layer (candles, bars, line or empty) as the master layer,
-// beneath any chart indicators.
+// The price chart: one price layer (candles, bars, line or empty) as the master layer, the
+// candle-pattern marks over it (hidden until the user activates them), and any chart
+// indicators.
+class CandlesPatternLayer;
+
 class ChartView : public View
 {
     Q_OBJECT
@@ -16,6 +20,7 @@ public:
 
     ChartType chartType() const { return mType; }
     Layer *priceLayer() const { return mPrice; }
+    CandlesPatternLayer *patternLayer() const { return mPatterns; }
 
 signals:
     void dataChanged();
@@ -26,6 +31,11 @@ public slots:
     void slotSetLine();
     void slotSetBar();
     void slotReaderDataChanged();
+    // The candle-pattern settings of the panel, handed to the pattern layer.
+    void slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns);
+    void slotSetCandlePatternStrength(int mask);
+    void slotSetCandlePatternBlending(bool on);
+    void slotShowCandlePatterns(bool on);
     // The chart's colours, or the parameters of an indicator drawn over the prices.
     void slotProperties() override;
 
@@ -34,6 +44,7 @@ private:
 
     ChartType mType = ChartType::Candle;
     Layer *mPrice = nullptr;
+    CandlesPatternLayer *mPatterns = nullptr;
 };
 
 } // namespace OrdaneView

@@ -626,6 +626,26 @@ QStringList ViewsContainer::applyTemplate(const ChartTemplate &t)
     return unknown;
 }
 
+void ViewsContainer::slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns)
+{
+    mChart->slotSetCandlePatternRequirments(patterns);
+}
+
+void ViewsContainer::slotSetCandlePatternStrength(int mask)
+{
+    mChart->slotSetCandlePatternStrength(mask);
+}
+
+void ViewsContainer::slotSetCandlePatternBlending(bool on)
+{
+    mChart->slotSetCandlePatternBlending(on);
+}
+
+void ViewsContainer::slotShowCandlePatterns(bool on)
+{
+    mChart->slotShowCandlePatterns(on);
+}
+
 QString ViewsContainer::templatesFolder()
 {
     return OrdaneData::Home::path() + QStringLiteral("/Templates");

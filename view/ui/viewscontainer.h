@@ -2,6 +2,7 @@
 
 #include "data/quotesource.h"
 #include "data/readerh.h"
+#include "indicators/patterns/candlepattern.h"
 #include "view/charttemplate.h"
 #include "view/viewcanvas.h"
 
@@ -103,6 +104,11 @@ public slots:
     void slotTriggerNewIndicatorView(const QStringList &ids);
     // Each identifier is drawn over the prices.
     void slotTriggerChartIndicators(const QStringList &ids);
+    // The candle-pattern panel's settings, for the chart's pattern marks.
+    void slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns);
+    void slotSetCandlePatternStrength(int mask);
+    void slotSetCandlePatternBlending(bool on);
+    void slotShowCandlePatterns(bool on);
     // Loads the template file or resource at `path`; a file that cannot be read is
     // reported and changes nothing. Returns whether it was loaded.
     bool slotSetTemplate(const QString &path);
