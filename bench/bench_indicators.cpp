@@ -17,21 +17,13 @@ const QVector<QuoteBar> &bars()
     return series;
 }
 
-void perBar(benchmark::State &state)
-{
-    state.SetItemsProcessed(state.iterations() * kBars);
-    state.counters["ns/bar"] =
-        benchmark::Counter(double(kBars) * state.iterations() * 1e-9,
-                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
-
 void BM_Routine(benchmark::State &state,
                 Indicators::Series (*routine)(int, const Indicators::Series &), int period)
 {
     const Indicators::Series closes = Indicators::closes(bars());
     for (auto _ : state)
         benchmark::DoNotOptimize(routine(period, closes));
-    perBar(state);
+    Bench::perBar(state, kBars);
 }
 
 void BM_Indicator(benchmark::State &state, const OrdaneView::IndicatorEntry *entry)
@@ -42,7 +34,7 @@ void BM_Indicator(benchmark::State &state, const OrdaneView::IndicatorEntry *ent
     const QVector<QuoteBar> &series = bars();
     for (auto _ : state)
         benchmark::DoNotOptimize(entry->compute(series, params));
-    perBar(state);
+    Bench::perBar(state, kBars);
 }
 
 } // namespace

@@ -16,27 +16,19 @@ const QVector<QuoteBar> &bars()
     return series;
 }
 
-void perBar(benchmark::State &state)
-{
-    state.SetItemsProcessed(state.iterations() * kBars);
-    state.counters["ns/bar"] =
-        benchmark::Counter(double(kBars) * state.iterations() * 1e-9,
-                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
-
 void BM_Classify(benchmark::State &state, CandlePattern::Span span, bool blending)
 {
     const CandlePattern::PatternSet all = CandlePattern::PatternSet::all();
     for (auto _ : state)
         benchmark::DoNotOptimize(CandlePattern::classify(bars(), span, all, blending));
-    perBar(state);
+    Bench::perBar(state, kBars);
 }
 
 void BM_TrendFlags(benchmark::State &state)
 {
     for (auto _ : state)
         benchmark::DoNotOptimize(CandlePattern::trendFlags(bars()));
-    perBar(state);
+    Bench::perBar(state, kBars);
 }
 
 // What the chart does for a series: the flags once, then singles, pairs and triples.
@@ -49,7 +41,7 @@ void BM_WholeChart(benchmark::State &state)
             CandlePattern::classify(bars(), CandlePattern::Span::Pair, all, true));
         benchmark::DoNotOptimize(CandlePattern::classify(bars(), CandlePattern::Span::Triple, all));
     }
-    perBar(state);
+    Bench::perBar(state, kBars);
 }
 
 } // namespace

@@ -43,6 +43,14 @@ QVector<QuoteBar> randomWalk(int n, quint64 seed)
     return bars;
 }
 
+void perBar(benchmark::State &state, int bars)
+{
+    state.SetItemsProcessed(state.iterations() * bars);
+    state.counters["ns/bar"] =
+        benchmark::Counter(double(bars) * state.iterations() * 1e-9,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
 int run(int argc, char **argv, bool pictures)
 {
     // As the program and its command-line tool do.

@@ -11,6 +11,7 @@
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
+#include "support/testsettings.h"
 #include "view/charttemplate.h"
 #include "view/ui/chartview.h"
 #include "view/ui/viewscontainer.h"
@@ -60,12 +61,7 @@ private:
 
 void TestMainWindow::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
-    QSettings().clear();
-    QVERIFY(OrdaneData::Home::setPath(mHome.path()));
-    QVERIFY(OrdaneData::Home::prepare());
+    QVERIFY(TestSupport::useTestHome(mHome.path()));
 }
 
 void TestMainWindow::init()

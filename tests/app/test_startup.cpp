@@ -1,6 +1,7 @@
 // Start-up: the language choice, the style sheet and the translations it installs.
 
 #include "app/startup.h"
+#include "support/testsettings.h"
 #include "widgets/language.h"
 #include "widgets/setting.h"
 #include "widgets/translationsmanager.h"
@@ -25,10 +26,7 @@ private slots:
 
 void TestStartup::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
-    QSettings().clear();
+    TestSupport::useTestSettings();
 }
 
 void TestStartup::chooseLanguage_data()

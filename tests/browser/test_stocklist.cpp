@@ -5,6 +5,7 @@
 #include "browser/storagebrowser.h"
 #include "data/home.h"
 #include "data/reader.h"
+#include "support/testsettings.h"
 
 #include <QDir>
 #include <QFile>
@@ -66,9 +67,7 @@ private:
 
 void TestStockList::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    TestSupport::useTestSettings();
     QVERIFY(OrdaneData::Home::setPath(mHome.path()));
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/home.h"
 #include "data/quotefile.h"
+#include "support/testsettings.h"
 
 #include <QFile>
 #include <QStandardPaths>
@@ -38,9 +39,7 @@ private slots:
 
 void TestHome::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    TestSupport::useTestSettings();
 }
 
 void TestHome::resolve_data()

@@ -5,6 +5,7 @@
 #include "data/reader.h"
 #include "indicators/candlespatternlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
+#include "support/testsettings.h"
 #include "view/chartgeometry.h"
 #include "view/chartlayer.h"
 #include "view/viewcanvas.h"
@@ -161,9 +162,7 @@ private slots:
 
 void TestCandleGui::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    TestSupport::useTestSettings();
 }
 
 void TestCandleGui::panelControlsAndStartingState()

@@ -6,6 +6,7 @@
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
 #include "support/messagebox.h"
+#include "support/testsettings.h"
 #include "view/chartgeometry.h"
 #include "view/charttemplate.h"
 #include "view/ui/chartview.h"
@@ -61,12 +62,7 @@ private:
 
 void TestContainer::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
-    QSettings().clear();
-    QVERIFY(OrdaneData::Home::setPath(mHome.path()));
-    QVERIFY(OrdaneData::Home::prepare());
+    QVERIFY(TestSupport::useTestHome(mHome.path()));
 }
 
 void TestContainer::init()

@@ -2,6 +2,7 @@
 // the mini view's arithmetic.
 
 #include "data/reader.h"
+#include "support/testsettings.h"
 #include "view/chartgeometry.h"
 #include "view/dateaxis.h"
 #include "view/minimap.h"
@@ -48,9 +49,7 @@ private slots:
 
 void TestViewModel::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    TestSupport::useTestSettings();
 }
 
 void TestViewModel::zoomSequence()

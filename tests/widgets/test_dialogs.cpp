@@ -4,6 +4,7 @@
 #include "data/quotefile.h"
 #include "data/ui/editcsvdialog.h"
 #include "support/messagebox.h"
+#include "support/testsettings.h"
 #include "widgets/updater.h"
 #include "widgets/updaterpage.h"
 
@@ -37,10 +38,7 @@ private:
 
 void TestDialogs::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
-    QSettings().clear();
+    TestSupport::useTestSettings();
     QVERIFY(OrdaneData::Home::setPath(mHome.path()));
     QVERIFY(QDir().mkpath(OrdaneData::storagePath()));
 }

@@ -1,5 +1,6 @@
 // The widget library's services: settings keys, the update search, reminders.
 
+#include "support/testsettings.h"
 #include "widgets/reminders.h"
 #include "widgets/setting.h"
 #include "widgets/updater.h"
@@ -28,9 +29,7 @@ private slots:
 
 void TestServices::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    TestSupport::useTestSettings();
     QCoreApplication::setApplicationVersion(QStringLiteral("2.0"));
     // Test mode must keep the settings away from the user's own.
     QVERIFY(QSettings().fileName().contains(QStringLiteral("qttest")));

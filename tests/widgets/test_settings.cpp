@@ -1,5 +1,6 @@
 // The settings dialog and its pages, and the virtual resolution.
 
+#include "support/testsettings.h"
 #include "widgets/languagepage.h"
 #include "widgets/settingsdialog.h"
 #include "widgets/updatespage.h"
@@ -78,9 +79,7 @@ private slots:
 
 void TestSettings::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("Skarvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Halcyra2"));
+    TestSupport::useTestSettings();
     QVERIFY(QSettings().fileName().contains(QStringLiteral("qttest")));
 }
 
