@@ -4,6 +4,7 @@
 #include "data/home.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
+#include "indicators/ui/scriptdebugger.h"
 #include "view/charttemplate.h"
 #include "view/ui/viewparameters.h"
 #include "view/ui/viewscontainer.h"
@@ -81,6 +82,8 @@ MainWindow::MainWindow(QWidget *parent)
     resizeDocks({browser, work}, {300, 980}, Qt::Horizontal);
     resizeDocks({browser, indicators}, {430, 300}, Qt::Vertical);
 
+    // What scripts say, and their errors, come up over this window.
+    OrdaneView::showScriptMessagesIn(this);
     buildMenus();
     buildMenuPanel();
 
@@ -91,6 +94,10 @@ MainWindow::MainWindow(QWidget *parent)
             &OrdaneView::ViewsContainer::slotTriggerNewIndicatorView);
     connect(mIndicators, &OrdaneView::IndicatorFactoryWidget::addChartIndicators, mViews,
             &OrdaneView::ViewsContainer::slotTriggerChartIndicators);
+    connect(mIndicators, &OrdaneView::IndicatorFactoryWidget::debugChartIndicator, mViews,
+            &OrdaneView::ViewsContainer::slotDebugChartIndicator);
+    connect(mIndicators, &OrdaneView::IndicatorFactoryWidget::debugIndicator, mViews,
+            &OrdaneView::ViewsContainer::slotDebugIndicator);
     connect(mCandles, &OrdaneView::CandlesExpertPanel::required, mViews,
             &OrdaneView::ViewsContainer::slotSetCandlePatternRequirments);
     connect(mCandles, &OrdaneView::CandlesExpertPanel::strengthChanged, mViews,
@@ -284,6 +291,11 @@ QString MainWindow::restoreLastTemplate()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    // Scripts with unsaved changes: the user may still keep them, or stay.
+    if (!mIndicators->closeEditors()) {
+        event->ignore();
+        return;
+    }
     QSettings settings;
     settings.setValue(kGeometry, saveGeometry());
     settings.setValue(kState, saveState(kStateVersion));

@@ -15,7 +15,7 @@ int runCatalogue(const QStringList &args, Context &context)
     for (const OrdaneView::IndicatorEntry &entry : OrdaneView::catalogue()) {
         const QString id = QLatin1String(entry.id);
         std::unique_ptr<OrdaneView::IndicatorLayer> fresh(
-            OrdaneView::createIndicator(id, OrdaneData::ReaderH(), nullptr));
+            OrdaneView::createBuiltinIndicator(id, OrdaneData::ReaderH(), nullptr));
         fresh->init();
         QStringList params, buffers;
         for (const auto &p : entry.params)

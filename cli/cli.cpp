@@ -1,12 +1,31 @@
 #include "command.h"
 #include "data/home.h"
 #include "data/quotefile.h"
+#include "indicators/catalogue.h"
+#include "indicators/script/indicatorfactory.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 namespace Cli {
+
+bool Context::useHome()
+{
+    QString error;
+    if (OrdaneData::Home::setPath(home, &error) && OrdaneData::Home::prepare(&error))
+        return true;
+    err << "halcyra-cli: " << error << Qt::endl;
+    return false;
+}
+
+bool Context::knowsIndicator(const QString &id)
+{
+    if (OrdaneView::findIndicator(id))
+        return true;
+    return useHome() &&
+           !OrdaneView::scriptFileFor(id, OrdaneData::Home::userIndicatorsPath()).isEmpty();
+}
 
 QString Context::quoteFile(const QString &file)
 {

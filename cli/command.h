@@ -21,6 +21,12 @@ struct Context
     // (or FILE inside the storage folder) in the home folder, whose samples are
     // installed on first use. Empty, with a message on err, when neither exists.
     QString quoteFile(const QString &file);
+    // Makes `home` the home folder of this run and prepares it; false with a message on err
+    // when that fails.
+    bool useHome();
+    // Whether `id` names an indicator: a built-in, or a script of the home folder's
+    // "UserIndicators" ("Trend.js", or "Trend" for Trend.js or Trend.bin).
+    bool knowsIndicator(const QString &id);
 };
 
 // One command of the tool. Adding a command means one file with its run function and

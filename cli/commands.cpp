@@ -9,6 +9,7 @@ int runMath(const QStringList &args, Context &context);
 int runCatalogue(const QStringList &args, Context &context);
 int runPatterns(const QStringList &args, Context &context);
 int runTemplate(const QStringList &args, Context &context);
+int runPack(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -30,8 +31,14 @@ const std::vector<Command> &commands()
          &runRender},
         {"indicator", "ID FILE [--frame F] [--param NAME=VALUE]...",
          "Compute indicator ID over FILE and print its buffers as CSV: Date, then one column "
-         "per buffer in buffer order, values with 9 significant digits.",
+         "per buffer in buffer order, values with 9 significant digits. ID is a built-in "
+         "identifier, the path of a script file (.js or .bin) or the name of a script in the "
+         "home folder's UserIndicators; a script's messages go to the standard error stream.",
          &runIndicator},
+        {"pack", "SCRIPT.js OUT.bin",
+         "Pack a script indicator into the locked form that runs but is not shown in the "
+         "script editor.",
+         &runPack},
         {"math", "ROUTINE PERIOD",
          "Apply a series routine (sma ema smma wma median stdDev stdDevNMinus1 shift) to the "
          "numbers read from the standard input; print one result per line.",

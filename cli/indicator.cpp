@@ -1,11 +1,15 @@
 #include "command.h"
+#include "data/home.h"
 #include "data/quotefile.h"
 #include "data/reader.h"
 #include "indicatorargs.h"
 #include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
+#include "indicators/script/indicatorfactory.h"
+#include "indicators/script/userindicator.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <memory>
 
@@ -31,8 +35,13 @@ int runIndicator(const QStringList &args, Context &context)
         context.err << "halcyra-cli indicator: expected ID and FILE\n";
         return UsageError;
     }
+    // A built-in identifier, a script file given by its path, or a script of the home
+    // folder's "UserIndicators" by its name.
     const QString id = positional.at(0);
-    if (!OrdaneView::findIndicator(id)) {
+    const QFileInfo scriptFile(id);
+    const bool isPath = !OrdaneView::findIndicator(id) && scriptFile.isFile() &&
+                        (id.endsWith(QLatin1String(".js")) || id.endsWith(QLatin1String(".bin")));
+    if (!isPath && !context.knowsIndicator(id)) {
         context.err << "Unknown indicator: " << id << '\n';
         return UsageError;
     }
@@ -60,8 +69,14 @@ int runIndicator(const QStringList &args, Context &context)
     }
     series->setTimeFrame(frame);
 
-    std::unique_ptr<OrdaneView::IndicatorLayer> indicator(
-        OrdaneView::createIndicator(id, series, nullptr));
+    std::unique_ptr<OrdaneView::IndicatorLayer> indicator;
+    if (isPath) {
+        indicator =
+            std::make_unique<OrdaneView::UserIndicator>(scriptFile.absoluteFilePath(), nullptr);
+        indicator->setReader(series);
+    } else {
+        indicator.reset(OrdaneView::createIndicator(id, series, nullptr));
+    }
     for (auto it = params.cbegin(); it != params.cend(); ++it)
         indicator->setParameter(it.key(), it.value());
     indicator->init();

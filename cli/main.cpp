@@ -15,6 +15,12 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    // The tool's output is its result: the chatter of the debug channel stays out of it
+    // (warnings, and what scripts write with output(), still reach the error stream).
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
+        if (type != QtDebugMsg)
+            std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+    });
 
     QTextStream out(stdout);
     QTextStream err(stderr);

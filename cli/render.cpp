@@ -4,6 +4,7 @@
 #include "indicatorargs.h"
 #include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
+#include "indicators/script/indicatorfactory.h"
 #include "view/chartrenderer.h"
 #include "view/charttemplate.h"
 #include "widgets/language.h"
@@ -42,13 +43,13 @@ struct TemplateSetup
     QList<int> heights; // the chart's, then each kept pane's; empty when the file has none
 };
 
-TemplateSetup setupOf(const OrdaneView::ChartTemplate &t, QTextStream &err)
+TemplateSetup setupOf(const OrdaneView::ChartTemplate &t, Context &context)
 {
     TemplateSetup setup;
-    const auto known = [&err](const OrdaneView::TemplateIndicator &i) {
-        if (OrdaneView::findIndicator(i.name))
+    const auto known = [&context](const OrdaneView::TemplateIndicator &i) {
+        if (context.knowsIndicator(i.name))
             return true;
-        err << "Unknown indicator: " << i.name << '\n';
+        context.err << "Unknown indicator: " << i.name << '\n';
         return false;
     };
     const bool sized = t.splitter.size() == t.panes.size() + 1;
@@ -112,7 +113,7 @@ int runRender(const QStringList &args, Context &context)
         picture.zoom = std::max(setup.zoom, 1);
         picture.type = setup.type;
         picture.colored = setup.colored;
-        fromTemplate = setupOf(setup, context.err);
+        fromTemplate = setupOf(setup, context);
     }
 
     int w = picture.size.width(), h = picture.size.height();
@@ -149,7 +150,7 @@ int runRender(const QStringList &args, Context &context)
                 context.err << "halcyra-cli render: " << error << '\n';
                 return UsageError;
             }
-            if (!OrdaneView::findIndicator(request.id)) {
+            if (!context.knowsIndicator(request.id)) {
                 context.err << "Unknown indicator: " << request.id << '\n';
                 return UsageError;
             }

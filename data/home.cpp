@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
+#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace OrdaneData::Home {
@@ -121,6 +122,44 @@ int installSamples(const QString &storageDir, QString *error)
     return copied;
 }
 
+int installScripts(const QString &dir, QString *error)
+{
+    QDir target(dir);
+    if (!target.exists() && !QDir().mkpath(dir)) {
+        if (error)
+            *error = QStringLiteral("Cannot create the folder %1").arg(dir);
+        return -1;
+    }
+    if (!target.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System))
+        return 0;
+
+    // Bytes, not text: packed scripts are binary. A save file rather than QFile::copy, which
+    // would keep the resource's read-only mode on files the user is meant to edit.
+    int copied = 0;
+    const QDir scripts(QStringLiteral(":/UserIndicators"));
+    const QStringList names = scripts.entryList(QDir::Files, QDir::Name);
+    for (const QString &name : names) {
+        QFile in(scripts.filePath(name));
+        if (!in.open(QIODevice::ReadOnly)) {
+            if (error)
+                *error = QStringLiteral("Cannot read the example script %1").arg(name);
+            return -1;
+        }
+        const QByteArray bytes = in.readAll();
+        const QString path = target.filePath(name);
+        QSaveFile out(path);
+        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) {
+            if (error)
+                *error = QStringLiteral("Cannot write %1: %2").arg(path, out.errorString());
+            return -1;
+        }
+        QFile::setPermissions(path, QFile::permissions(path) | QFileDevice::ReadOwner |
+                                        QFileDevice::WriteOwner);
+        ++copied;
+    }
+    return copied;
+}
+
 bool prepare(QString *error)
 {
     const QString home = path();
@@ -136,7 +175,8 @@ bool prepare(QString *error)
             return false;
         }
     }
-    return installSamples(storagePath(), error) >= 0;
+    return installSamples(storagePath(), error) >= 0 &&
+           installScripts(userIndicatorsPath(), error) >= 0;
 }
 
 } // namespace OrdaneData::Home

@@ -9,7 +9,7 @@ namespace OrdaneData {
 //
 //   Storage/         stored quote files, one per symbol
 //   Templates/       chart templates
-//   UserIndicators/  script indicators
+//   UserIndicators/  script indicators, with the shipped examples (see installScripts)
 //   UserExperts/     expert scripts
 //   Calibrator/      calibration results (made by the first calibration that writes)
 //   lastknown.sym    the browser's symbol list between runs
@@ -36,13 +36,21 @@ QString calibratorPath();
 QString lastKnownSymbolsFile();
 
 // Creates the folders of a home that are missing and, when the storage folder is missing
-// or empty, copies the sample quote files into it. Existing files are never touched.
+// or empty, copies the sample quote files into it; the same for the example scripts and
+// the UserIndicators folder. Existing files are never touched.
 // Returns false with a message in *error when something could not be created.
 bool prepare(QString *error = nullptr);
 
 // Copies every file of the resource folder ":/Storage" into storageDir unless that
 // folder already holds any entry. Returns the number of files copied, or -1 on failure.
 int installSamples(const QString &storageDir, QString *error = nullptr);
+
+// Copies every file of the resource folder ":/UserIndicators" (plain and packed example
+// scripts) into `dir` unless that folder already holds any entry, byte for byte and
+// writable by the user. A user who deleted some of the examples keeps it that way; one who
+// deleted them all, leaving the folder empty, gets them back at the next start. Returns
+// the number of files copied (0 in a program built without them), or -1 on failure.
+int installScripts(const QString &dir, QString *error = nullptr);
 
 } // namespace Home
 } // namespace OrdaneData

@@ -346,8 +346,8 @@ QStringList listedIndicators()
     return ids;
 }
 
-IndicatorLayer *createIndicator(const QString &id, const OrdaneData::ReaderH &reader,
-                                ViewCanvas *view)
+IndicatorLayer *createBuiltinIndicator(const QString &id, const OrdaneData::ReaderH &reader,
+                                       ViewCanvas *view)
 {
     const IndicatorEntry *entry = findIndicator(id);
     if (!entry)

@@ -24,9 +24,10 @@ QString indicatorTitle(const QString &id);
 // The identifiers the indicator list offers, in list order.
 QStringList listedIndicators();
 
-// A new indicator for `id` over `reader` in `view`, with its default parameters (not yet
-// initialised or computed), or nullptr for an identifier that is not built in.
-IndicatorLayer *createIndicator(const QString &id, const OrdaneData::ReaderH &reader,
-                                ViewCanvas *view);
+// A new built-in indicator for `id` over `reader` in `view`, with its default parameters (not
+// yet initialised or computed), or nullptr for an identifier that is not built in. Scripts
+// come from createIndicator() (script/indicatorfactory.h).
+IndicatorLayer *createBuiltinIndicator(const QString &id, const OrdaneData::ReaderH &reader,
+                                       ViewCanvas *view);
 
 } // namespace OrdaneView

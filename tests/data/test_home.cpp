@@ -16,6 +16,10 @@ const QStringList kSamples = {QStringLiteral("AAPL.csv"), QStringLiteral("ADS.DE
                               QStringLiteral("MAN.DE.csv"), QStringLiteral("MSFT.csv"),
                               QStringLiteral("UTX.csv")};
 
+const QStringList kScripts = {QStringLiteral("DonchianChannel.bin"), QStringLiteral("HullMA.js"),
+                              QStringLiteral("KeltnerChannel.js"),   QStringLiteral("TRIX.bin"),
+                              QStringLiteral("VolumeSpikes.js"),     QStringLiteral("ZScore.js")};
+
 QStringList files(const QString &dir)
 {
     return QDir(dir).entryList(QDir::Files, QDir::Name);
@@ -34,6 +38,8 @@ private slots:
     void firstStartInstallsSamples();
     void emptyStorageGetsSamples();
     void userFilesAreNeverTouched();
+    void exampleScripts_data();
+    void exampleScripts();
     void unusableHomeIsReported();
 };
 
@@ -120,6 +126,54 @@ void TestHome::userFilesAreNeverTouched()
     QFile file(mine);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("my own text"));
+}
+
+void TestHome::exampleScripts_data()
+{
+    // What the UserIndicators folder holds before the start: nothing at all, an empty
+    // folder, or anything of the user's. Only the first two get the examples.
+    QTest::addColumn<QString>("before"); // "-": no folder, "": empty, else a file or "dir/"
+    QTest::addColumn<QStringList>("after");
+    QTest::newRow("first-start") << "-" << kScripts;
+    QTest::newRow("all-deleted") << "" << kScripts;
+    QTest::newRow("own-script") << "Mine.js" << QStringList{QStringLiteral("Mine.js")};
+    QTest::newRow("one-example-kept") << "ZScore.js" << QStringList{QStringLiteral("ZScore.js")};
+    QTest::newRow("hidden-file") << ".keep" << QStringList();
+    QTest::newRow("subfolder-only") << "old/" << QStringList();
+}
+
+void TestHome::exampleScripts()
+{
+    QFETCH(QString, before);
+    QFETCH(QStringList, after);
+    QTemporaryDir dir;
+    QVERIFY(Home::setPath(dir.path()));
+    const QString folder = Home::userIndicatorsPath();
+    if (before != QLatin1String("-"))
+        QVERIFY(QDir().mkpath(folder));
+    if (before.endsWith(QLatin1Char('/')))
+        QVERIFY(QDir(folder).mkdir(before));
+    else if (!before.isEmpty() && before != QLatin1String("-"))
+        QVERIFY(writeText(QDir(folder).filePath(before), QStringLiteral("mine")));
+
+    QString error;
+    QVERIFY2(Home::prepare(&error), qPrintable(error));
+    QVERIFY2(Home::prepare(&error), qPrintable(error)); // a second start changes nothing
+    QCOMPARE(files(folder), after);
+
+    for (const QString &name : after) {
+        QFile installed(QDir(folder).filePath(name));
+        QVERIFY(installed.open(QIODevice::ReadOnly));
+        if (after != kScripts) {
+            QCOMPARE(installed.readAll(), QByteArray("mine"));
+            continue;
+        }
+        // Packed scripts are binary: every byte as in the resource.
+        QFile resource(QStringLiteral(":/UserIndicators/") + name);
+        QVERIFY(resource.open(QIODevice::ReadOnly));
+        QCOMPARE(installed.readAll(), resource.readAll());
+        QVERIFY2(installed.permissions() & QFileDevice::WriteOwner, qPrintable(name));
+    }
 }
 
 void TestHome::unusableHomeIsReported()

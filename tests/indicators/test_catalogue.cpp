@@ -5,6 +5,7 @@
 #include "data/reader.h"
 #include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
+#include "support/series.h"
 
 #include <QtTest>
 
@@ -14,29 +15,11 @@
 using namespace OrdaneView;
 
 namespace {
-// A seeded random walk of n weekday bars with consistent prices and volumes.
-OrdaneData::ReaderH randomSeries(int n, quint64 seed = 7)
-{
-    auto next = [&seed] {
-        seed = seed * 6364136223846793005ull + 1442695040888963407ull;
-        return double(seed >> 11) * 0x1.0p-53;
-    };
-    OrdaneData::ReaderH series = OrdaneData::ReaderH::create();
-    double close = 40;
-    for (int i = 0; i < n; ++i) {
-        const double open = close * (1 + (next() - 0.5) * 0.02);
-        close = std::max(1.0, close * (1 + (next() - 0.5) * 0.05));
-        series->appendBar(QuoteBar(QDate(2000, 1, 3).addDays(i), float(open),
-                                   float(std::max(open, close) * (1 + next() * 0.02)),
-                                   float(std::min(open, close) * (1 - next() * 0.02)), float(close),
-                                   qint64(1e5 + next() * 1e6)));
-    }
-    return series;
-}
+using TestSupport::randomSeries;
 
 std::unique_ptr<IndicatorLayer> make(const QString &id, const OrdaneData::ReaderH &series)
 {
-    return std::unique_ptr<IndicatorLayer>(createIndicator(id, series, nullptr));
+    return std::unique_ptr<IndicatorLayer>(createBuiltinIndicator(id, series, nullptr));
 }
 
 void allIds()
@@ -80,7 +63,7 @@ void TestCatalogue::tableAndList()
     QCOMPARE(indicatorTitle(QStringLiteral("RSI")), QStringLiteral("Relative Strength Index"));
     QCOMPARE(indicatorTitle(QStringLiteral("Median")), QStringLiteral("Median"));
     QCOMPARE(indicatorTitle(QStringLiteral("my.js")), QStringLiteral("my.js"));
-    QVERIFY(!createIndicator(QStringLiteral("NoSuchIndicator"), OrdaneData::ReaderH(), nullptr));
+    QVERIFY(!createBuiltinIndicator(QStringLiteral("NoSuchIndicator"), OrdaneData::ReaderH(), nullptr));
 }
 
 void TestCatalogue::labels_data()

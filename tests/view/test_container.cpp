@@ -4,6 +4,7 @@
 #include "data/home.h"
 #include "data/reader.h"
 #include "indicators/indicatorlayer.h"
+#include "indicators/script/userindicator.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
 #include "support/messagebox.h"
 #include "support/testsettings.h"
@@ -16,10 +17,12 @@
 #include "view/ui/viewscontainer.h"
 
 #include <QDoubleSpinBox>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScriptEngineDebugger>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -48,6 +51,7 @@ private slots:
     void indicatorPanesAndOverlays();
     void templatesReplaceTheSetUp();
     void droppedIndicators();
+    void scriptIndicators();
 
 private:
     QToolButton *button(const char *name) const
@@ -395,3 +399,72 @@ void TestContainer::droppedIndicators()
 
 QTEST_MAIN(TestContainer)
 #include "test_container.moc"
+
+namespace {
+// The debugger halts at the script's first statement; this plays the user who presses
+// Continue whenever it has halted, until *halts is set to -1.
+void continueWhenHalted(QObject *container, int *halts)
+{
+    QTimer::singleShot(10, container, [container, halts] {
+        if (*halts < 0)
+            return;
+        for (auto *debugger : container->findChildren<QScriptEngineDebugger *>()) {
+            QAction *proceed = debugger->action(QScriptEngineDebugger::ContinueAction);
+            if (debugger->standardWindow()->isVisible() && proceed->isEnabled()) {
+                ++*halts;
+                proceed->trigger();
+            }
+        }
+        continueWhenHalted(container, halts);
+    });
+}
+} // namespace
+
+// A script indicator travels through a template like a built-in, its parameters with it; the
+// debugger commands run a script file in a pane or over the prices with a debugger attached.
+void TestContainer::scriptIndicators()
+{
+    const QString path =
+        QDir(OrdaneData::Home::userIndicatorsPath()).filePath(QStringLiteral("Lag.js"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("function init() { Lag.createBuffer('Lag'); Lag.createParameter('Bars', 3); }\n"
+               "function start() { Lag.setBufferData('Lag', "
+               "Lag.shift(Lag.parameter('Bars'), Shared.close())); }\n");
+    file.close();
+
+    ChartTemplate t = mContainer->currentTemplate();
+    t.panes = {{{QStringLiteral("Lag.js"), {{QStringLiteral("Bars"), 5}}}}};
+    QVERIFY(mContainer->applyTemplate(t).isEmpty());
+    QCOMPARE(mContainer->views().size(), 2);
+    IndicatorLayer *lag = mContainer->views().at(1)->indicators().value(0);
+    QVERIFY(qobject_cast<UserIndicator *>(lag));
+    QCOMPARE(lag->bufferData(QStringLiteral("Lag")).mid(0, 6).indexOf(0.0f, 5), -1);
+    QCOMPARE(lag->bufferData(QStringLiteral("Lag")).at(5), mContainer->reader()->bar(0).close());
+    const ChartTemplate back = mContainer->currentTemplate();
+    QCOMPARE(back.panes.value(0).value(0).name, QStringLiteral("Lag.js"));
+    QCOMPARE(back.panes.value(0).value(0).parameters.value(QStringLiteral("Bars")), 5.0f);
+
+    QSettings().setValue(QStringLiteral("TransparencyParameters/Debugger"), 0.8);
+    int halts = 0;
+    continueWhenHalted(mContainer, &halts);
+    mContainer->slotDebugChartIndicator(QStringLiteral("Lag.js"), path);
+    QVERIFY(halts >= 1);
+    auto *onChart = qobject_cast<UserIndicator *>(mContainer->chartView()->indicators().value(0));
+    QVERIFY(onChart);
+    auto *debugger = qobject_cast<QScriptEngineDebugger *>(onChart->debugger());
+    QVERIFY(debugger);
+    QCOMPARE(debugger->standardWindow()->windowTitle(), QStringLiteral("Lag.js Debugger"));
+    QCOMPARE(debugger->standardWindow()->windowOpacity(), 0.8);
+    const int before = halts;
+    mContainer->slotDebugIndicator(QStringLiteral("Lag.js"), path);
+    QVERIFY(halts > before);
+    halts = -1;
+    QCOMPARE(mContainer->views().size(), 3);
+    QString warning;
+    TestSupport::answerNextMessageBox(&warning);
+    mContainer->slotDebugExpert(QStringLiteral("None.js"),
+                                mHome.filePath(QStringLiteral("None.js")));
+    QVERIFY(warning.contains(QLatin1String("None.js")));
+    QCOMPARE(mContainer->views().size(), 3);
+}

@@ -3,12 +3,16 @@
 //
 //   QT_QPA_PLATFORM=offscreen artwork RESOURCES_DIR
 //
-// writes RESOURCES_DIR/app.png, RESOURCES_DIR/appsplash.png and RESOURCES_DIR/HCStyle/
-// lowres/*.png. The palette is the style sheet's: deep slate surfaces, teal for rising
-// bars, coral for falling ones, amber for the average line.
+// writes RESOURCES_DIR/app.png, RESOURCES_DIR/appsplash.png, RESOURCES_DIR/HCStyle/
+// lowres/*.png and the pictures under RESOURCES_DIR/pix, among them the tick marks and the
+// planet and zodiac symbols scripts draw (pix/planets, pix/zodiacs; their glyphs come from
+// DejaVu Sans, which must be installed). The palette is the style sheet's: deep slate
+// surfaces, teal for rising bars, coral for falling ones, amber for the average line.
 
 #include <QDir>
 #include <QFont>
+#include <QFontInfo>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
 #include <QLinearGradient>
@@ -20,6 +24,7 @@
 #include <cmath>
 #include <cstdio>
 #include <functional>
+#include <iterator>
 #include <vector>
 
 namespace {
@@ -280,6 +285,93 @@ void magnifier(QPainter &p, bool plus)
     p.drawLine(QPointF(6, 8.5), QPointF(11, 8.5));
     if (plus)
         p.drawLine(QPointF(8.5, 6), QPointF(8.5, 11));
+}
+
+// The tick marks scripts put on bars: a solid triangle, pointing up or down, in a 16 x 16
+// picture.
+QImage tick(bool up)
+{
+    const QColor fill = up ? QColor(0x3c, 0xc4, 0x5e) : QColor(0xe5, 0x48, 0x4d);
+    QImage image = canvas(16, 16);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(fill.darker(170), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    p.setBrush(fill);
+    const double tip = up ? 2.5 : 13.5, base = up ? 13.5 : 2.5;
+    p.drawPolygon(QPolygonF({QPointF(8, tip), QPointF(14, base), QPointF(2, base)}));
+    return image;
+}
+
+// Planet and zodiac symbols for scripts: the font's glyph, filled in a light colour inside a
+// dark rim so that it reads on dark and light charts alike.
+struct Symbol
+{
+    const char *name;
+    uint codePoint;
+};
+
+const Symbol kPlanets[] = {
+    {"sun", 0x2609},     {"moon", 0x263D},    {"mercury", 0x263F}, {"venus", 0x2640},
+    {"mars", 0x2642},    {"jupiter", 0x2643}, {"saturn", 0x2644},  {"uranus", 0x2645},
+    {"neptune", 0x2646}, {"pluto", 0x2647},
+};
+
+const Symbol kZodiacs[] = {
+    {"aries", 0x2648},       {"taurus", 0x2649},    {"gemini", 0x264A},   {"cancer", 0x264B},
+    {"leo", 0x264C},         {"virgo", 0x264D},     {"libra", 0x264E},    {"scorpio", 0x264F},
+    {"sagittarius", 0x2650}, {"capricorn", 0x2651}, {"aquarius", 0x2652}, {"pisces", 0x2653},
+};
+
+const int kSymbolSize = 24;
+
+// The glyph's outline, set large and unhinted so that it only depends on the font file.
+// Empty when the font has no such glyph; no other font is allowed to stand in.
+QPainterPath glyphOutline(uint codePoint)
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(100);
+    font.setStyleStrategy(QFont::NoFontMerging);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QPainterPath path;
+    if (QFontInfo(font).family() != font.family() || !QFontMetricsF(font).inFontUcs4(codePoint))
+        return path;
+    path.addText(0, 0, font, QString::fromUcs4(&codePoint, 1));
+    return path;
+}
+
+// One scale for every symbol, so that their strokes weigh the same: the largest glyph spans
+// 20 of the 24 pixels, leaving room for the rim.
+double symbolScale()
+{
+    double extent = 0;
+    const auto grow = [&](const Symbol &s) {
+        const QRectF r = glyphOutline(s.codePoint).boundingRect();
+        extent = std::max({extent, r.width(), r.height()});
+    };
+    for (const Symbol &s : kPlanets)
+        grow(s);
+    for (const Symbol &s : kZodiacs)
+        grow(s);
+    return extent > 0 ? 20.0 / extent : 0;
+}
+
+QImage symbol(const QPainterPath &outline, double scale, const QColor &fill)
+{
+    QImage image = canvas(kSymbolSize, kSymbolSize);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QRectF ink = outline.boundingRect();
+    p.translate(kSymbolSize / 2.0, kSymbolSize / 2.0);
+    p.scale(scale, scale);
+    p.translate(-ink.center());
+    // The rim: a dark stroke of which only the outer half shows once the glyph is filled.
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(kDeep, 2.0 / scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.drawPath(outline);
+    p.setPen(QPen(fill, 0.4 / scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(fill);
+    p.drawPath(outline);
+    return image;
 }
 } // namespace
 
@@ -552,6 +644,32 @@ int main(int argc, char **argv)
                         p.drawRoundedRect(QRectF(8.5, 10, 7, 5.5), 1, 1);
                     }),
                     pix.filePath(QStringLiteral("indicator_locked.png")));
+
+    // Tick marks and astronomical symbols that scripts draw on charts.
+    ok = ok && save(tick(true), pix.filePath(QStringLiteral("uptick.png")));
+    ok = ok && save(tick(false), pix.filePath(QStringLiteral("downtick.png")));
+    const double scale = symbolScale();
+    const auto saveSymbols = [&](const Symbol *begin, const Symbol *end, const QString &folder,
+                                 const QColor &fill) {
+        const QDir dir(pix.filePath(folder));
+        QDir().mkpath(dir.absolutePath());
+        bool written = true;
+        for (const Symbol *s = begin; s != end && written; ++s) {
+            const QPainterPath outline = glyphOutline(s->codePoint);
+            if (outline.isEmpty() || scale <= 0) {
+                std::fprintf(stderr, "artwork: DejaVu Sans has no glyph U+%04X for %s\n",
+                             s->codePoint, s->name);
+                return false;
+            }
+            written = save(symbol(outline, scale, fill),
+                           dir.filePath(QLatin1String(s->name) + QLatin1String(".png")));
+        }
+        return written;
+    };
+    ok = ok &&
+         saveSymbols(std::begin(kPlanets), std::end(kPlanets), QStringLiteral("planets"), kAmber);
+    ok = ok && saveSymbols(std::begin(kZodiacs), std::end(kZodiacs), QStringLiteral("zodiacs"),
+                           QColor(0x7f, 0xc8, 0xf0));
 
     // The current row of the symbol list.
     QImage down = canvas(10, 10);

@@ -7,6 +7,9 @@
 #include "datetimeview.h"
 #include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
+#include "indicators/script/indicatorfactory.h"
+#include "indicators/script/userexpert.h"
+#include "indicators/ui/scriptdebugger.h"
 #include "indicatorview.h"
 #include "miniview.h"
 #include "scrollbarview.h"
@@ -466,17 +469,68 @@ IndicatorLayer *ViewsContainer::addIndicator(View *view, const QString &id, bool
                                              const QMap<QString, float> &parameters)
 {
     IndicatorLayer *indicator = createIndicator(id, mReader, view->canvas());
-    if (!indicator)
-        return nullptr;
+    if (indicator)
+        install(view, indicator, master, parameters);
+    return indicator;
+}
+
+void ViewsContainer::install(View *view, IndicatorLayer *indicator, bool master,
+                             const QMap<QString, float> &parameters)
+{
     for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
         indicator->setParameter(it.key(), it.value());
+    indicator->setReader(mReader);
     view->canvas()->addLayer(indicator);
     if (master)
         view->canvas()->setMasterLayer(indicator);
     indicator->init();
     if (!mReader.isNull())
         indicator->start();
-    return indicator;
+}
+
+void ViewsContainer::debugScript(const QString &file, bool expert, bool onChart)
+{
+    if (!QFileInfo(file).isFile()) {
+        QMessageBox::warning(this, tr("Debugger"), tr("Can not find the script %1").arg(file));
+        return;
+    }
+    View *view = mChart;
+    if (!onChart) {
+        view = new IndicatorView(mGeometry);
+        adopt(view);
+        mSplitter->addWidget(view);
+    }
+    UserIndicator *script =
+        expert ? new UserExpert(file, view->canvas()) : new UserIndicator(file, view->canvas());
+    attachDebugger(script);
+    install(view, script, !onChart);
+    if (!onChart)
+        sharePaneHeights();
+    updateAll();
+}
+
+void ViewsContainer::slotDebugIndicator(const QString &name, const QString &file)
+{
+    Q_UNUSED(name) // the script names itself after its file
+    debugScript(file, false, false);
+}
+
+void ViewsContainer::slotDebugChartIndicator(const QString &name, const QString &file)
+{
+    Q_UNUSED(name)
+    debugScript(file, false, true);
+}
+
+void ViewsContainer::slotDebugExpert(const QString &name, const QString &file)
+{
+    Q_UNUSED(name)
+    debugScript(file, true, false);
+}
+
+void ViewsContainer::slotDebugChartExpert(const QString &name, const QString &file)
+{
+    Q_UNUSED(name)
+    debugScript(file, true, true);
 }
 
 View *ViewsContainer::addPane(const QList<TemplateIndicator> &indicators, QStringList *unknown)

@@ -109,6 +109,13 @@ public slots:
     void slotSetCandlePatternStrength(int mask);
     void slotSetCandlePatternBlending(bool on);
     void slotShowCandlePatterns(bool on);
+    // Runs the script file `file` (an indicator, or an expert) under the debugger, in a new
+    // pane or over the prices; `name` is the script's identifier. A file that cannot be read
+    // is reported, as by the indicator list.
+    void slotDebugIndicator(const QString &name, const QString &file);
+    void slotDebugChartIndicator(const QString &name, const QString &file);
+    void slotDebugExpert(const QString &name, const QString &file);
+    void slotDebugChartExpert(const QString &name, const QString &file);
     // Loads the template file or resource at `path`; a file that cannot be read is
     // reported and changes nothing. Returns whether it was loaded.
     bool slotSetTemplate(const QString &path);
@@ -135,6 +142,11 @@ private:
     // identifier.
     IndicatorLayer *addIndicator(View *view, const QString &id, bool master,
                                  const QMap<QString, float> &parameters = {});
+    // Puts a new indicator made for `view` into it, sets the parameters and computes it.
+    void install(View *view, IndicatorLayer *indicator, bool master,
+                 const QMap<QString, float> &parameters = {});
+    // A script from `file` under the debugger, in a new pane or on the chart.
+    void debugScript(const QString &file, bool expert, bool onChart);
     // A new pane beneath the others holding these indicators, the first as its master;
     // none when not one of them could be made (their names are added to *unknown).
     View *addPane(const QList<TemplateIndicator> &indicators, QStringList *unknown);

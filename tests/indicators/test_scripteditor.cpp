@@ -1,0 +1,326 @@
+// The script editor (colouring, line numbers, find, saving, the run and debug commands) and
+// the indicator list's commands that make, edit and delete script files.
+
+#include "data/home.h"
+#include "indicators/script/newindicator.h"
+#include "indicators/ui/indicatorfactorywidget.h"
+#include "indicators/ui/scripteditor.h"
+#include "indicators/ui/scripthighlighter.h"
+#include "indicators/ui/scripttextedit.h"
+#include "support/messagebox.h"
+#include "support/testsettings.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDir>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QtTest>
+
+#include <functional>
+
+using namespace OrdaneView;
+
+namespace {
+
+using Kind = ScriptHighlighter::Kind;
+
+void write(const QString &path, const QByteArray &text)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+}
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString script(const QString &name)
+{
+    return QDir(OrdaneData::Home::userIndicatorsPath()).filePath(name);
+}
+
+// Hands the next modal dialog of type T to `answer` once it is up.
+template <typename T> void answerNext(const std::function<void(T *)> &answer)
+{
+    QTimer::singleShot(0, [=] {
+        if (auto *dialog = qobject_cast<T *>(QApplication::activeModalWidget()))
+            answer(dialog);
+        else
+            answerNext<T>(answer);
+    });
+}
+
+// Answers the next name prompt with `name`, recording "title|label|suggestion".
+void typeName(const QString &name, QString *seen = nullptr)
+{
+    answerNext<QInputDialog>([=](QInputDialog *dialog) {
+        if (seen)
+            *seen = QStringLiteral("%1|%2|%3")
+                        .arg(dialog->windowTitle(), dialog->labelText(), dialog->textValue());
+        dialog->setTextValue(name);
+        dialog->accept();
+    });
+}
+
+// Replaces the text the way typing does, leaving the document modified.
+void retype(ScriptEditor *editor, const QString &text)
+{
+    QTextCursor cursor(editor->textEdit()->document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
+}
+
+// The highlighter's kind of the character at (line, column); -1 when plain.
+int kindAt(const ScriptEditor &editor, int line, int column)
+{
+    const QTextBlock block = editor.textEdit()->document()->findBlockByNumber(line);
+    for (const QTextLayout::FormatRange &range : block.layout()->formats()) {
+        if (column < range.start || column >= range.start + range.length)
+            continue;
+        for (int kind = 0; kind < ScriptHighlighter::KindCount; ++kind)
+            if (range.format == editor.highlighter()->format(Kind(kind)))
+                return kind;
+        return -2;
+    }
+    return -1;
+}
+
+} // namespace
+
+class TestScriptEditor : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir mHome;
+
+private slots:
+    void initTestCase() { QVERIFY(TestSupport::useTestHome(mHome.path())); }
+
+    void highlighting_data()
+    {
+        QTest::addColumn<int>("line");
+        QTest::addColumn<int>("column");
+        QTest::addColumn<int>("kind");
+        QTest::newRow("keyword") << 0 << 0 << int(Kind::Keyword);
+        QTest::newRow("exponent") << 0 << 12 << int(Kind::Number);
+        QTest::newRow("line comment") << 0 << 17 << int(Kind::Comment);
+        QTest::newRow("escaped quote") << 1 << 16 << int(Kind::String);
+        QTest::newRow("// in string") << 1 << 20 << int(Kind::Interface);
+        QTest::newRow("comment goes on") << 3 << 5 << int(Kind::Comment);
+        QTest::newRow("after comment") << 3 << 20 << int(Kind::Keyword);
+        QTest::newRow("own name") << 3 << 26 << -1;
+        QTest::newRow("operation") << 3 << 35 << int(Kind::Interface);
+        QTest::newRow("single quotes") << 3 << 48 << int(Kind::String);
+        QTest::newRow("keyword prefix") << 4 << 0 << -1;
+        QTest::newRow("hex") << 4 << 13 << int(Kind::Number);
+    }
+
+    void highlighting()
+    {
+        QFETCH(int, line);
+        QFETCH(int, column);
+        QFETCH(int, kind);
+        ScriptEditor editor;
+        editor.textEdit()->setPlainText(
+            QStringLiteral("var n = 3.5e2; // count\n"
+                           "s = \"http://x\\\" y\"; Shared.close(0);\n"
+                           "/* first\n"
+                           "   still comment */ with (Trend) { createBuffer('a'); }\n"
+                           "typeofx = 0x1F;\n"));
+        // The kinds' formats differ, or a later kind's rows would read as an earlier one.
+        QCOMPARE(kindAt(editor, line, column), kind);
+    }
+
+    void gutterGrowsWithDigits()
+    {
+        ScriptEditor editor;
+        ScriptTextEdit *edit = editor.textEdit();
+        edit->setPlainText(QString(98, QLatin1Char('\n')));
+        editor.show();
+        QCOMPARE(edit->blockCount(), 99);
+        const int narrow = edit->gutterWidth();
+        edit->appendPlainText(QString());
+        QVERIFY(edit->gutterWidth() > narrow);
+        // The gutter is as wide as it needs to be and the text starts right of it.
+        QCOMPARE(edit->gutter()->width(), edit->gutterWidth());
+        QCOMPARE(edit->viewport()->geometry().left(), edit->gutter()->geometry().right() + 1);
+    }
+
+    void findWrapsAndReportsMisses()
+    {
+        ScriptEditor editor;
+        editor.textEdit()->setPlainText(QStringLiteral("alpha beta Alpha\nbeta"));
+        auto *text = editor.findChild<QLineEdit *>(QStringLiteral("scriptFindText"));
+        const QColor normal = text->palette().color(QPalette::Base);
+        // The start of the match found, -1 for none.
+        auto find = [&](bool back) {
+            return (back ? editor.findPrevious() : editor.findNext())
+                       ? editor.textEdit()->textCursor().selectionStart()
+                       : -1;
+        };
+        text->setText(QStringLiteral("alpha"));
+        QCOMPARE(QList<int>({find(false), find(false), find(false), find(true)}),
+                 QList<int>({0, 11, 0, 11}));
+        editor.findChild<QCheckBox *>(QStringLiteral("scriptMatchCase"))->setChecked(true);
+        QCOMPARE(find(false), 0);
+
+        text->setText(QStringLiteral("gamma"));
+        QCOMPARE(find(false), -1);
+        QCOMPARE(editor.textEdit()->textCursor().selectionStart(), 0);
+        const QColor miss = text->palette().color(QPalette::Base);
+        QVERIFY(miss != normal && miss.red() > miss.green());
+        text->setText(QStringLiteral("beta"));
+        QCOMPARE(text->palette().color(QPalette::Base), normal);
+    }
+
+    void failedSaveKeepsOldFile()
+    {
+        const QString folder = mHome.filePath(QStringLiteral("saving"));
+        QVERIFY(QDir().mkpath(folder));
+        write(folder + QStringLiteral("/Trend.js"), "old");
+        ScriptEditor editor;
+        QVERIFY(editor.open(folder + QStringLiteral("/Trend.js")));
+        QCOMPARE(editor.windowTitle(), QStringLiteral("Trend.js[*] - Script Editor"));
+        retype(&editor, QStringLiteral("new"));
+
+        // With its folder gone the file cannot be written: the text stays unsaved, and a
+        // run command says so and runs nothing.
+        QVERIFY(QDir().rename(folder, folder + QStringLiteral("-moved")));
+        QString error, title;
+        QVERIFY(!editor.save(&error) && !error.isEmpty());
+        QSignalSpy run(&editor, &ScriptEditor::addIndicators);
+        TestSupport::answerNextMessageBox(&error, &title);
+        editor.findChild<QAction *>(QStringLiteral("actionScriptRunPane"))->trigger();
+        QCOMPARE(title, QStringLiteral("Error"));
+        QCOMPARE(run.count(), 0);
+        QVERIFY(editor.isWindowModified());
+        QCOMPARE(read(folder + QStringLiteral("-moved/Trend.js")), QByteArray("old"));
+    }
+
+    void runCommandsSaveFirst_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<int>("signal");
+        QTest::newRow("run in pane") << "actionScriptRunPane" << 0;
+        QTest::newRow("run on chart") << "actionScriptRunChart" << 1;
+        QTest::newRow("debug in pane") << "actionScriptDebugPane" << 2;
+        QTest::newRow("debug on chart") << "actionScriptDebugChart" << 3;
+    }
+
+    void runCommandsSaveFirst()
+    {
+        QFETCH(QString, action);
+        QFETCH(int, signal);
+        const QString path = mHome.filePath(QStringLiteral("Run.js"));
+        write(path, "old");
+        ScriptEditor editor;
+        QVERIFY(editor.open(mHome.path() + QStringLiteral("/./Run.js")));
+        QCOMPARE(editor.filePath(), path);
+        QSignalSpy spies[] = {{&editor, &ScriptEditor::addIndicators},
+                              {&editor, &ScriptEditor::addChartIndicators},
+                              {&editor, &ScriptEditor::debugIndicator},
+                              {&editor, &ScriptEditor::debugChartIndicator}};
+        retype(&editor, QStringLiteral("function start() {}"));
+        QVERIFY(editor.isWindowModified());
+        editor.findChild<QAction *>(action)->trigger();
+
+        QCOMPARE(read(path), QByteArray("function start() {}"));
+        QVERIFY(!editor.isWindowModified());
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(spies[i].count(), i == signal ? 1 : 0);
+        const QVariantList expected = signal < 2
+                                          ? QVariantList{QStringList{QStringLiteral("Run.js")}}
+                                          : QVariantList{QStringLiteral("Run.js"), path};
+        QCOMPARE(spies[signal].at(0), expected);
+    }
+
+    void newIndicatorFromList()
+    {
+        IndicatorFactoryWidget list;
+        QAction *create = list.newIndicatorAction();
+        QString seen, text, title;
+
+        // The new file holds the starter script, is listed, selected and opened.
+        typeName(QStringLiteral(" Trend.js "), &seen);
+        create->trigger();
+        QCOMPARE(seen, QStringLiteral("New Indicator|Indicator Name:|NewIndicator.js"));
+        const QString path = script(QStringLiteral("Trend.js"));
+        QCOMPARE(QString::fromUtf8(read(path)), Scripts::newIndicatorText(QStringLiteral("Trend")));
+        QCOMPARE(list.selectedIdentifiers(), QStringList(QStringLiteral("Trend.js")));
+        ScriptEditor *editor = list.editorFor(path);
+        QVERIFY(editor && editor->isVisible());
+        QCOMPARE(editor->textEdit()->toPlainText().toUtf8(), read(path));
+
+        // The editor's commands come out of the list.
+        QSignalSpy debug(&list, &IndicatorFactoryWidget::debugChartIndicator);
+        editor->findChild<QAction *>(QStringLiteral("actionScriptDebugChart"))->trigger();
+        QCOMPARE(debug.count(), 1);
+
+        typeName(QString());
+        TestSupport::answerNextMessageBox(&text, &title);
+        create->trigger();
+        QCOMPARE(title + QLatin1Char('|') + text,
+                 QStringLiteral("Error|Can not create an indicator without name"));
+
+        // An existing file is opened in its one editor.
+        typeName(QStringLiteral("Trend"));
+        TestSupport::answerNextMessageBox(&text, &title);
+        create->trigger();
+        QCOMPARE(title + QLatin1Char('|') + text,
+                 QStringLiteral("Warning|This file already exists.Press Ok to open the file"));
+        QCOMPARE(list.findChildren<ScriptEditor *>().count(), 1);
+        QCOMPARE(list.openEditor(path), editor);
+    }
+
+    void deleteScriptFromList_data()
+    {
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("yes") << true;
+        QTest::newRow("no") << false;
+    }
+
+    void deleteScriptFromList()
+    {
+        QFETCH(bool, yes);
+        write(script(QStringLiteral("Gone.js")), "var a;");
+        write(script(QStringLiteral("Locked.bin")), "");
+        IndicatorFactoryWidget list;
+        auto select = [&](const char *id) {
+            for (int row = 0; row < list.count(); ++row)
+                list.item(row)->setSelected(list.item(row)->text() == QLatin1String(id));
+        };
+        // Only a script can be deleted, and only a plain one edited.
+        select("Volume");
+        QVERIFY(!list.deleteScriptAction()->isEnabled() && !list.editScriptAction()->isEnabled());
+        select("Locked.bin");
+        QVERIFY(list.deleteScriptAction()->isEnabled() && !list.editScriptAction()->isEnabled());
+        select("Gone.js");
+        list.editScriptAction()->trigger();
+        QPointer<ScriptEditor> editor = list.editorFor(script(QStringLiteral("Gone.js")));
+        QVERIFY(editor);
+        editor->textEdit()->appendPlainText(QStringLiteral("unsaved"));
+
+        QString text;
+        answerNext<QMessageBox>([&](QMessageBox *box) {
+            text = box->text();
+            box->button(yes ? QMessageBox::Yes : QMessageBox::No)->click();
+        });
+        list.deleteScriptAction()->trigger();
+        QCOMPARE(text, QStringLiteral("Are you sure that you want to delete \"Gone.js\"? The "
+                                      "file is removed from the disk."));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(QFile::exists(script(QStringLiteral("Gone.js"))), !yes);
+        QCOMPARE(list.findItems(QStringLiteral("Gone.js"), Qt::MatchExactly).count(), yes ? 0 : 1);
+        // The editor of a deleted file goes without asking.
+        QCOMPARE(editor.isNull(), yes);
+    }
+};
+
+QTEST_MAIN(TestScriptEditor)
+#include "test_scripteditor.moc"
