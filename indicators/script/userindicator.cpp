@@ -303,10 +303,11 @@ void UserIndicator::drawIndicator(QPainter &painter)
                 top = std::max(top, b.data.at(it.key()));
         if (!isMaster() && !reader().isNull() && it.key() < numberOfQuotes())
             top = std::max(top, high(it.key()));
-        const int y = std::isfinite(top) ? std::max(row(top) - 4, 12) : 12;
+        // Never in the top line, where the pane label and scripts' own notes go.
+        const int y = std::isfinite(top) ? std::max(row(top) - 4, 26) : 26;
         painter.save();
         painter.setPen(barColours().value(it.key(), Qt::white));
-        painter.drawText((it.key() - first) * z, y, it.value());
+        painter.drawText((it.key() - first) * z + 3, y, it.value());
         painter.restore();
     }
     if (isMaster())

@@ -363,6 +363,64 @@
         <source>Add to &amp;Chart</source>
         <translation>In den &amp;Chart</translation>
     </message>
+    <message>
+        <source>New Indicator</source>
+        <translation>Neuer Indikator</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Script</source>
+        <translation>Skript &amp;bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Script</source>
+        <translation>Skript &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Can not open &quot;%1&quot;:
+%2</source>
+        <translation>&quot;%1&quot; lässt sich nicht öffnen:
+%2</translation>
+    </message>
+    <message>
+        <source>Indicator Name:</source>
+        <translation>Name des Indikators:</translation>
+    </message>
+    <message>
+        <source>Can not create an indicator without name</source>
+        <translation>Ein Indikator ohne Namen lässt sich nicht anlegen</translation>
+    </message>
+    <message>
+        <source>The name must begin with a letter and hold only letters, digits and &quot;_&quot;: scripts reach the indicator by this name.</source>
+        <translation>Der Name muss mit einem Buchstaben beginnen und darf nur Buchstaben, Ziffern und &quot;_&quot; enthalten: Skripte erreichen den Indikator unter diesem Namen.</translation>
+    </message>
+    <message>
+        <source>Can not create the file</source>
+        <translation>Die Datei lässt sich nicht anlegen</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>This file already exists.Press Ok to open the file</source>
+        <translation>Diese Datei gibt es schon. OK öffnet sie</translation>
+    </message>
+    <message>
+        <source>Delete Indicator</source>
+        <translation>Indikator löschen</translation>
+    </message>
+    <message>
+        <source>Are you sure that you want to delete &quot;%1&quot;? The file is removed from the disk.</source>
+        <translation>Wollen Sie &quot;%1&quot; wirklich löschen? Die Datei wird von der Festplatte entfernt.</translation>
+    </message>
+    <message>
+        <source>Can not remove the indicator</source>
+        <translation>Der Indikator lässt sich nicht entfernen</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneView::IndicatorPropertiesDialog</name>
@@ -380,6 +438,195 @@
     <message>
         <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
         <translation>Die ganze Reihe. Klicken oder ziehen verschiebt den Chart; mit der rechten Taste ziehen misst.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ScriptEditor</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Run in New &amp;Pane</source>
+        <translation>In neuem &amp;Bereich ausführen</translation>
+    </message>
+    <message>
+        <source>Run on &amp;Chart</source>
+        <translation>Im &amp;Chart ausführen</translation>
+    </message>
+    <message>
+        <source>&amp;Debug in New Pane</source>
+        <translation>In neuem Bereich &amp;debuggen</translation>
+    </message>
+    <message>
+        <source>Debug on C&amp;hart</source>
+        <translation>Im C&amp;hart debuggen</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Find &amp;Next</source>
+        <translation>&amp;Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find &amp;Previous</source>
+        <translation>&amp;Rückwärts suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Line...</source>
+        <translation>&amp;Gehe zu Zeile...</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>&amp;Ausführen</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>Skript</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>&amp;Groß-/Kleinschreibung</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>Close the find bar (Esc)</source>
+        <translation>Suchleiste schließen (Esc)</translation>
+    </message>
+    <message>
+        <source>Find:</source>
+        <translation>Suchen:</translation>
+    </message>
+    <message>
+        <source>%1[*] - Script Editor</source>
+        <translation>%1[*] - Skript-Editor</translation>
+    </message>
+    <message>
+        <source>No file is open.</source>
+        <translation>Es ist keine Datei geöffnet.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Can not save &quot;%1&quot;:
+%2</source>
+        <translation>&quot;%1&quot; lässt sich nicht speichern:
+%2</translation>
+    </message>
+    <message>
+        <source>Script Editor</source>
+        <translation>Skript-Editor</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has been modified.
+Do you want to save your changes?</source>
+        <translation>&quot;%1&quot; wurde geändert.
+Möchten Sie die Änderungen speichern?</translation>
+    </message>
+    <message>
+        <source>Go to Line</source>
+        <translation>Gehe zu Zeile</translation>
+    </message>
+    <message>
+        <source>Line number (1 - %1):</source>
+        <translation>Zeilennummer (1 - %1):</translation>
+    </message>
+    <message>
+        <source>Line %1, Column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::Scripts</name>
+    <message>
+        <source>Script error: Unknown binary format</source>
+        <translation>Skriptfehler: Unbekanntes Binärformat</translation>
+    </message>
+    <message>
+        <source>Script error: the packed script is cut short</source>
+        <translation>Skriptfehler: das gepackte Skript ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>Script error: the packed script states %1 bytes, more than the limit of %2 bytes</source>
+        <translation>Skriptfehler: das gepackte Skript gibt %1 Bytes an, mehr als die Grenze von %2 Bytes</translation>
+    </message>
+    <message>
+        <source>Script error: the packed script is damaged or does not unpack to the %1 bytes it states</source>
+        <translation>Skriptfehler: das gepackte Skript ist beschädigt oder ergibt entpackt nicht die angegebenen %1 Bytes</translation>
+    </message>
+    <message>
+        <source>Script error: cannot open %1: %2</source>
+        <translation>Skriptfehler: %1 lässt sich nicht öffnen: %2</translation>
+    </message>
+    <message>
+        <source>Script error: %1 is larger than the limit of %2 bytes</source>
+        <translation>Skriptfehler: %1 ist größer als die Grenze von %2 Bytes</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::UserIndicator</name>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>The script ran longer than %1 seconds and was stopped.</source>
+        <translation>Das Skript lief länger als %1 Sekunden und wurde angehalten.</translation>
+    </message>
+    <message>
+        <source>Script evaluating error</source>
+        <translation>Fehler beim Auswerten des Skripts</translation>
+    </message>
+    <message>
+        <source>The script %1 ran longer than %2 seconds in %3() and was stopped.</source>
+        <translation>Das Skript %1 lief in %3() länger als %2 Sekunden und wurde angehalten.</translation>
+    </message>
+    <message>
+        <source>getIndicator: indicators nest too deep (%1)</source>
+        <translation>getIndicator: Indikatoren zu tief verschachtelt (%1)</translation>
     </message>
 </context>
 <context>
@@ -695,6 +942,14 @@
     <message>
         <source>Template saved: %1</source>
         <translation>Vorlage gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Debugger</source>
+        <translation>Debugger</translation>
+    </message>
+    <message>
+        <source>Can not find the script %1</source>
+        <translation>Das Skript %1 ist nicht zu finden</translation>
     </message>
 </context>
 </TS>

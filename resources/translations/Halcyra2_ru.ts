@@ -363,6 +363,64 @@
         <source>Add to &amp;Chart</source>
         <translation>На &amp;график</translation>
     </message>
+    <message>
+        <source>New Indicator</source>
+        <translation>Новый индикатор</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Script</source>
+        <translation>&amp;Редактировать скрипт</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Script</source>
+        <translation>&amp;Удалить скрипт</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Ошибка</translation>
+    </message>
+    <message>
+        <source>Can not open &quot;%1&quot;:
+%2</source>
+        <translation>Не удаётся открыть &quot;%1&quot;:
+%2</translation>
+    </message>
+    <message>
+        <source>Indicator Name:</source>
+        <translation>Имя индикатора:</translation>
+    </message>
+    <message>
+        <source>Can not create an indicator without name</source>
+        <translation>Нельзя создать индикатор без имени</translation>
+    </message>
+    <message>
+        <source>The name must begin with a letter and hold only letters, digits and &quot;_&quot;: scripts reach the indicator by this name.</source>
+        <translation>Имя должно начинаться с буквы и содержать только буквы, цифры и &quot;_&quot;: скрипты обращаются к индикатору по этому имени.</translation>
+    </message>
+    <message>
+        <source>Can not create the file</source>
+        <translation>Не удаётся создать файл</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Предупреждение</translation>
+    </message>
+    <message>
+        <source>This file already exists.Press Ok to open the file</source>
+        <translation>Такой файл уже есть. Нажмите OK, чтобы открыть его</translation>
+    </message>
+    <message>
+        <source>Delete Indicator</source>
+        <translation>Удалить индикатор</translation>
+    </message>
+    <message>
+        <source>Are you sure that you want to delete &quot;%1&quot;? The file is removed from the disk.</source>
+        <translation>Вы действительно хотите удалить &quot;%1&quot;? Файл будет удалён с диска.</translation>
+    </message>
+    <message>
+        <source>Can not remove the indicator</source>
+        <translation>Не удаётся удалить индикатор</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneView::IndicatorPropertiesDialog</name>
@@ -380,6 +438,195 @@
     <message>
         <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
         <translation>Весь ряд. Щелчок или перетаскивание сдвигает график; перетаскивание правой кнопкой измеряет.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ScriptEditor</name>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Сохранить</translation>
+    </message>
+    <message>
+        <source>Run in New &amp;Pane</source>
+        <translation>Запустить в новой &amp;панели</translation>
+    </message>
+    <message>
+        <source>Run on &amp;Chart</source>
+        <translation>Запустить на &amp;графике</translation>
+    </message>
+    <message>
+        <source>&amp;Debug in New Pane</source>
+        <translation>&amp;Отладить в новой панели</translation>
+    </message>
+    <message>
+        <source>Debug on C&amp;hart</source>
+        <translation>Отладить на г&amp;рафике</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Найти</translation>
+    </message>
+    <message>
+        <source>Find &amp;Next</source>
+        <translation>Найти &amp;далее</translation>
+    </message>
+    <message>
+        <source>Find &amp;Previous</source>
+        <translation>Найти &amp;ранее</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Line...</source>
+        <translation>&amp;Перейти к строке...</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Закрыть</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Файл</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Правка</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Отменить</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Повторить</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Вырезать</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Копировать</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Вставить</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>&amp;Запуск</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>Скрипт</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>&amp;Учитывать регистр</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>&amp;Далее</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>&amp;Назад</translation>
+    </message>
+    <message>
+        <source>Close the find bar (Esc)</source>
+        <translation>Закрыть панель поиска (Esc)</translation>
+    </message>
+    <message>
+        <source>Find:</source>
+        <translation>Найти:</translation>
+    </message>
+    <message>
+        <source>%1[*] - Script Editor</source>
+        <translation>%1[*] - Редактор скриптов</translation>
+    </message>
+    <message>
+        <source>No file is open.</source>
+        <translation>Файл не открыт.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Ошибка</translation>
+    </message>
+    <message>
+        <source>Can not save &quot;%1&quot;:
+%2</source>
+        <translation>Не удаётся сохранить &quot;%1&quot;:
+%2</translation>
+    </message>
+    <message>
+        <source>Script Editor</source>
+        <translation>Редактор скриптов</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has been modified.
+Do you want to save your changes?</source>
+        <translation>&quot;%1&quot; изменён.
+Сохранить изменения?</translation>
+    </message>
+    <message>
+        <source>Go to Line</source>
+        <translation>Перейти к строке</translation>
+    </message>
+    <message>
+        <source>Line number (1 - %1):</source>
+        <translation>Номер строки (1 - %1):</translation>
+    </message>
+    <message>
+        <source>Line %1, Column %2</source>
+        <translation>Строка %1, столбец %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::Scripts</name>
+    <message>
+        <source>Script error: Unknown binary format</source>
+        <translation>Ошибка скрипта: неизвестный двоичный формат</translation>
+    </message>
+    <message>
+        <source>Script error: the packed script is cut short</source>
+        <translation>Ошибка скрипта: упакованный скрипт обрезан</translation>
+    </message>
+    <message>
+        <source>Script error: the packed script states %1 bytes, more than the limit of %2 bytes</source>
+        <translation>Ошибка скрипта: упакованный скрипт заявляет %1 байт, больше предела в %2 байт</translation>
+    </message>
+    <message>
+        <source>Script error: the packed script is damaged or does not unpack to the %1 bytes it states</source>
+        <translation>Ошибка скрипта: упакованный скрипт повреждён или не распаковывается в заявленные %1 байт</translation>
+    </message>
+    <message>
+        <source>Script error: cannot open %1: %2</source>
+        <translation>Ошибка скрипта: не удаётся открыть %1: %2</translation>
+    </message>
+    <message>
+        <source>Script error: %1 is larger than the limit of %2 bytes</source>
+        <translation>Ошибка скрипта: %1 больше предела в %2 байт</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::UserIndicator</name>
+    <message>
+        <source>Error</source>
+        <translation>Ошибка</translation>
+    </message>
+    <message>
+        <source>The script ran longer than %1 seconds and was stopped.</source>
+        <translation>Скрипт работал дольше %1 секунд и был остановлен.</translation>
+    </message>
+    <message>
+        <source>Script evaluating error</source>
+        <translation>Ошибка выполнения скрипта</translation>
+    </message>
+    <message>
+        <source>The script %1 ran longer than %2 seconds in %3() and was stopped.</source>
+        <translation>Скрипт %1 выполнял %3() дольше %2 секунд и был остановлен.</translation>
+    </message>
+    <message>
+        <source>getIndicator: indicators nest too deep (%1)</source>
+        <translation>getIndicator: слишком глубокая вложенность индикаторов (%1)</translation>
     </message>
 </context>
 <context>
@@ -695,6 +942,14 @@
     <message>
         <source>Template saved: %1</source>
         <translation>Шаблон сохранён: %1</translation>
+    </message>
+    <message>
+        <source>Debugger</source>
+        <translation>Отладчик</translation>
+    </message>
+    <message>
+        <source>Can not find the script %1</source>
+        <translation>Скрипт %1 не найден</translation>
     </message>
 </context>
 </TS>

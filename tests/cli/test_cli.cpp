@@ -51,6 +51,7 @@ private slots:
     void renderFollowsATemplate();
     void patternsClassifyEveryBar();
     void realProcessReportsFailures();
+    void scriptsRunAndPack();
 
 private:
     QTemporaryDir mDir;
@@ -131,6 +132,9 @@ void TestCli::exitStatus_data()
         "unknown pattern Dojo");
     row("patterns-bad-trend", {S("patterns"), S("single"), file, S("--trend"), S("sideways")}, 2,
         "up or down");
+    row("pack-without-output", {S("pack"), file}, 2, "SCRIPT.js OUT.bin");
+    row("pack-missing-script", {S("pack"), S("/nonexistent.js"), png + S(".bin")}, 1,
+        "cannot open");
     row("render-missing-template",
         {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
         "cannot open");
@@ -405,6 +409,35 @@ void TestCli::realProcessReportsFailures()
     QVERIFY(cli.waitForFinished(30000));
     QCOMPARE(cli.exitCode(), 0);
     QCOMPARE(cli.readAllStandardOutput(), QByteArray("halcyra-cli 2.0\n"));
+}
+
+// A script file runs by its path, plain or packed by the tool; its message box becomes a line
+// on the error stream.
+void TestCli::scriptsRunAndPack()
+{
+    const QString script = mDir.filePath(QStringLiteral("Closes.js"));
+    QFile file(script);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("function init() { Closes.createBuffer('C'); }\n"
+               "function start() { Closes.setBufferData('C', Shared.close());\n"
+               "                   messageBox('bars:', Shared.numberOfQuotes()); }\n");
+    file.close();
+    const QString packed = mDir.filePath(QStringLiteral("Closes.bin"));
+    QProcess cli;
+    cli.start(QStringLiteral(HALCYRA_CLI), {QStringLiteral("pack"), script, packed});
+    QVERIFY(cli.waitForFinished(30000));
+    QCOMPARE(cli.exitCode(), 0);
+    for (const QString &path : {script, packed}) {
+        cli.start(QStringLiteral(HALCYRA_CLI), {QStringLiteral("indicator"), path, mFile});
+        QVERIFY(cli.waitForFinished(30000));
+        QCOMPARE(cli.exitCode(), 0);
+        const QStringList lines = QString::fromUtf8(cli.readAllStandardOutput()).split(QLatin1Char('\n'));
+        QCOMPARE(lines.first(), QStringLiteral("Date,C"));
+        QCOMPARE(lines.at(1), QStringLiteral("2012-01-30,11"));
+        QCOMPARE(lines.size(), 1 + 25 + 1);
+        const QString name = QFileInfo(path).fileName();
+        QVERIFY(cli.readAllStandardError().contains(name.toUtf8() + ": bars: 25"));
+    }
 }
 
 QTEST_MAIN(TestCli)

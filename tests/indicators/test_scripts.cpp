@@ -405,6 +405,16 @@ void TestScripts::endlessLoopsAreStopped()
     auto hang = load(QStringLiteral("Hang.js"), "for (;;) {}");
     QVERIFY(!hang->isLoaded());
     QCOMPARE(mMessages.size(), 2);
+
+    // The time a user takes over a script's message box is not the script's.
+    const MessageHandler recorder = setMessageHandler(
+        [](Severity, const QString &, const QString &) { QTest::qWait(600); });
+    auto slow = load(QStringLiteral("Slow.js"), R"js(
+        function init() { Slow.createBuffer("S"); }
+        function start() { messageBox("read me"); Slow.setBufferData("S", [1]); })js");
+    QCOMPARE(run(*slow, QStringLiteral("S")), QVector<float>{1});
+    setMessageHandler(recorder);
+    QCOMPARE(mMessages.size(), 2);
 }
 
 void TestScripts::getIndicatorReadsAnotherIndicator()
