@@ -1,6 +1,5 @@
 #include "home.h"
 
-#include "quotefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -92,37 +91,12 @@ QString lastKnownSymbolsFile()
     return sub("lastknown.sym");
 }
 
-int installSamples(const QString &storageDir, QString *error)
-{
-    QDir storage(storageDir);
-    if (!storage.exists() && !QDir().mkpath(storageDir)) {
-        if (error)
-            *error = QStringLiteral("Cannot create the storage folder %1").arg(storageDir);
-        return -1;
-    }
-    if (!storage.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System))
-        return 0;
-
-    // Written through our own save file rather than copied: a copy of a resource keeps
-    // the resource's read-only permissions, and the user edits these files.
-    int copied = 0;
-    const QDir samples(QStringLiteral(":/Storage"));
-    const QStringList names = samples.entryList(QDir::Files, QDir::Name);
-    for (const QString &name : names) {
-        QFile in(samples.filePath(name));
-        if (!in.open(QIODevice::ReadOnly)) {
-            if (error)
-                *error = QStringLiteral("Cannot read the sample %1").arg(name);
-            return -1;
-        }
-        if (!writeText(storage.filePath(name), QString::fromLatin1(in.readAll()), error))
-            return -1;
-        ++copied;
-    }
-    return copied;
-}
-
-int installScripts(const QString &dir, QString *error)
+namespace {
+// Copies every file of a resource folder into `dir` unless `dir` already holds any entry.
+// Byte for byte through a save file rather than QFile::copy, which would keep the
+// resource's read-only mode on files the user is meant to edit.
+int installResources(const QString &resources, const QString &dir, const char *what,
+                     QString *error)
 {
     QDir target(dir);
     if (!target.exists() && !QDir().mkpath(dir)) {
@@ -133,16 +107,14 @@ int installScripts(const QString &dir, QString *error)
     if (!target.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System))
         return 0;
 
-    // Bytes, not text: packed scripts are binary. A save file rather than QFile::copy, which
-    // would keep the resource's read-only mode on files the user is meant to edit.
     int copied = 0;
-    const QDir scripts(QStringLiteral(":/UserIndicators"));
-    const QStringList names = scripts.entryList(QDir::Files, QDir::Name);
+    const QDir source(resources);
+    const QStringList names = source.entryList(QDir::Files, QDir::Name);
     for (const QString &name : names) {
-        QFile in(scripts.filePath(name));
+        QFile in(source.filePath(name));
         if (!in.open(QIODevice::ReadOnly)) {
             if (error)
-                *error = QStringLiteral("Cannot read the example script %1").arg(name);
+                *error = QStringLiteral("Cannot read the %1 %2").arg(QLatin1String(what), name);
             return -1;
         }
         const QByteArray bytes = in.readAll();
@@ -158,6 +130,17 @@ int installScripts(const QString &dir, QString *error)
         ++copied;
     }
     return copied;
+}
+} // namespace
+
+int installSamples(const QString &storageDir, QString *error)
+{
+    return installResources(QStringLiteral(":/Storage"), storageDir, "sample", error);
+}
+
+int installScripts(const QString &dir, QString *error)
+{
+    return installResources(QStringLiteral(":/UserIndicators"), dir, "example script", error);
 }
 
 bool prepare(QString *error)
