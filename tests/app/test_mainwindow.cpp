@@ -5,7 +5,6 @@
 #include "app/mainwindow.h"
 #include "browser/stocklist.h"
 #include "browser/storagebrowser.h"
-#include "data/home.h"
 #include "data/reader.h"
 #include "indicators/candlespatternlayer.h"
 #include "indicators/indicatorlayer.h"
@@ -22,8 +21,6 @@
 #include <QFile>
 #include <QMenu>
 #include <QSettings>
-#include <QStandardPaths>
-#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
@@ -36,40 +33,26 @@ class TestMainWindow : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
+    void initTestCase() { QVERIFY(TestSupport::useTestHome(mHome.path())); }
+    void init() { open(); }
     void cleanup();
-    void docksAndMenuPanel();
-    void actionsAndShortcuts();
+    void docksMenusAndShortcuts();
     void signalsOfTheWindow();
-    void indicatorListReachesTheViews();
-    void browserSelectionReachesTheViews();
-    void candleGuruReachesTheChart();
-    void builtinTemplatesFromTheMenu();
-    void setUpKeptBetweenRuns();
-    void brokenLastTemplateFallsBackToTheWeek();
+    void partsReachTheViews();
+    void templatesKeptBetweenRuns();
 
 private:
-    QAction *action(const char *name) const
+    void open()
     {
-        return mWindow->findChild<QAction *>(QLatin1String(name));
+        mWindow = new MainWindow;
+        mWindow->show();
+        QVERIFY(QTest::qWaitForWindowExposed(mWindow));
     }
+    QAction *action(const QString &name) const { return mWindow->findChild<QAction *>(name); }
 
     QTemporaryDir mHome;
     MainWindow *mWindow = nullptr;
 };
-
-void TestMainWindow::initTestCase()
-{
-    QVERIFY(TestSupport::useTestHome(mHome.path()));
-}
-
-void TestMainWindow::init()
-{
-    mWindow = new MainWindow;
-    mWindow->show();
-    QVERIFY(QTest::qWaitForWindowExposed(mWindow));
-}
 
 void TestMainWindow::cleanup()
 {
@@ -79,95 +62,63 @@ void TestMainWindow::cleanup()
     QSettings().clear();
 }
 
-void TestMainWindow::docksAndMenuPanel()
+void TestMainWindow::docksMenusAndShortcuts()
 {
-    QStringList titles;
-    for (QDockWidget *dock : mWindow->docks())
-        titles << dock->windowTitle();
-    QCOMPARE(titles, QStringList({QStringLiteral("Work Area"), QStringLiteral("Browser"),
-                                  QStringLiteral("Indicators"), QStringLiteral("Candle Guru")}));
-    QCOMPARE(mWindow->docks().at(0)->widget(), mWindow->viewsContainer());
-    QCOMPARE(mWindow->docks().at(1)->widget(), mWindow->storageBrowser());
-    QCOMPARE(mWindow->docks().at(2)->widget(), mWindow->indicatorList());
+    const QList<QWidget *> parts{mWindow->viewsContainer(), mWindow->storageBrowser(),
+                                 mWindow->indicatorList(), mWindow->candlePanel()};
+    const QStringList titles{QStringLiteral("Work Area"), QStringLiteral("Browser"),
+                             QStringLiteral("Indicators"), QStringLiteral("Candle Guru")};
+    QCOMPARE(mWindow->docks().size(), 4);
+    for (int i = 0; i < 4; ++i) {
+        QCOMPARE(mWindow->docks().at(i)->windowTitle(), titles.at(i));
+        QCOMPARE(mWindow->docks().at(i)->widget(), parts.at(i));
+    }
 
-    // Each button of the panel triggers the action of the same meaning.
+    // Each action with its text and shortcut; the menu panel's button of the same meaning,
+    // named after its caption, triggers it.
     const struct
     {
-        const char *button;
-        const char *caption;
-        const char *action;
-    } panel[] = {
-        {"MenuPanelSettings", "Settings", "actionSettings"},
-        {"MenuPanelFullScreen", "Full Screen", "actionFullScreen"},
-        {"MenuPanelVirtualResolution", "Virtual Resolution", "actionVirtualResolution"},
-        {"MenuPanelLoadTemplate", "Load Template", "actionLoadTemplate"},
-        {"MenuPanelSaveTemplate", "Save Template", "actionSaveTemplate"},
-        {"MenuPanelHelp", "Help", "actionAbout"},
+        const char *name, *text, *shortcut, *caption;
+    } actions[] = {
+        {"actionSettings", "&Settings...", "Ctrl+O", "Settings"},
+        {"actionFullScreen", "Full &Screen", "Ctrl+Alt+S", "Full Screen"},
+        {"actionVirtualResolution", "&Virtual Resolution", "Ctrl+Alt+V", "Virtual Resolution"},
+        {"actionLoadTemplate", "Load &Template", "Ctrl+Alt+T", "Load Template"},
+        {"actionSaveTemplate", "Save T&emplate", "Ctrl+Alt+A", "Save Template"},
+        {"actionAbout", "&About", "", "Help"},
+        {"actionGotoDataFolder", "Go to data folder", "", nullptr},
     };
-    for (const auto &p : panel) {
-        auto *button = mWindow->findChild<QToolButton *>(QLatin1String(p.button));
-        QVERIFY2(button, p.button);
-        QCOMPARE(button->text(), QLatin1String(p.caption));
-        QAction *a = action(p.action);
-        QVERIFY2(a, p.action);
+    for (const auto &a : actions) {
+        QAction *found = action(QLatin1String(a.name));
+        QVERIFY2(found, a.name);
+        QCOMPARE(found->text(), QLatin1String(a.text));
+        QCOMPARE(found->shortcut().toString(), QLatin1String(a.shortcut));
+        if (!a.caption)
+            continue;
+        const QString name =
+            QStringLiteral("MenuPanel") + QString::fromLatin1(a.caption).remove(QLatin1Char(' '));
+        auto *button = mWindow->findChild<QToolButton *>(name);
+        QVERIFY2(button, qPrintable(name));
+        QCOMPARE(button->text(), QLatin1String(a.caption));
         // Count the triggers instead of opening the dialogs behind them.
-        QObject::disconnect(a, &QAction::triggered, nullptr, nullptr);
-        QSignalSpy triggered(a, &QAction::triggered);
+        QObject::disconnect(found, &QAction::triggered, nullptr, nullptr);
+        QSignalSpy triggered(found, &QAction::triggered);
         button->click();
         QCOMPARE(triggered.count(), 1);
     }
+
     auto *menu = mWindow->findChild<QToolButton *>(QStringLiteral("MenuPanelMenu"));
-    QVERIFY(menu);
-    QCOMPARE(menu->text(), QStringLiteral("Menu"));
-    QVERIFY(menu->menu());
+    QVERIFY(menu && menu->menu());
     QStringList menus;
     for (QAction *a : menu->menu()->actions())
         menus << a->text();
     QCOMPARE(menus, QStringList({QStringLiteral("&View"), QStringLiteral("&Tools"),
                                  QStringLiteral("&Languages"), QStringLiteral("&Help")}));
-}
-
-void TestMainWindow::actionsAndShortcuts()
-{
-    const struct
-    {
-        const char *name;
-        const char *text;
-        const char *shortcut;
-    } actions[] = {
-        {"actionSettings", "&Settings...", "Ctrl+O"},
-        {"actionFullScreen", "Full &Screen", "Ctrl+Alt+S"},
-        {"actionLoadTemplate", "Load &Template", "Ctrl+Alt+T"},
-        {"actionSaveTemplate", "Save T&emplate", "Ctrl+Alt+A"},
-        {"actionVirtualResolution", "&Virtual Resolution", "Ctrl+Alt+V"},
-        {"actionGotoDataFolder", "Go to data folder", ""},
-        {"actionAbout", "&About", ""},
-    };
-    for (const auto &a : actions) {
-        QAction *found = action(a.name);
-        QVERIFY2(found, a.name);
-        QCOMPARE(found->text(), QLatin1String(a.text));
-        QCOMPARE(found->shortcut().toString(), QLatin1String(a.shortcut));
-    }
-    QCOMPARE(action("actionSettings")->statusTip(), QStringLiteral("Open a Settings Dialog"));
-    QCOMPARE(action("actionVirtualResolution")->toolTip(), QStringLiteral("Virtul Resolution"));
-
-    auto *templates = mWindow->findChild<QMenu *>(QStringLiteral("menuPredefinedTemplates"));
-    QVERIFY(templates);
-    QCOMPARE(templates->title(), QStringLiteral("&Predefined Templates"));
-    QStringList texts;
-    for (QAction *a : templates->actions())
-        texts << a->text();
-    QCOMPARE(texts,
-             QStringList({QStringLiteral("Trawler &Week"), QStringLiteral("Trawler &Day"),
-                          QStringLiteral("W&ork Template"), QStringLiteral("W&illiams"),
-                          QStringLiteral("&Elder Rays"), QStringLiteral("&BollingerBands")}));
 
     QStringList languages;
     for (const char *code : {"en", "ru", "de"}) {
-        QAction *a = action(qPrintable(QStringLiteral("actionLanguage_") + QLatin1String(code)));
-        QVERIFY(a);
-        QVERIFY(!a->icon().isNull());
+        QAction *a = action(QStringLiteral("actionLanguage_") + QLatin1String(code));
+        QVERIFY(a && !a->icon().isNull());
         languages << a->text();
     }
     QCOMPARE(languages, QStringList({QStringLiteral("&English"), QStringLiteral("&Russian"),
@@ -177,13 +128,12 @@ void TestMainWindow::actionsAndShortcuts()
 void TestMainWindow::signalsOfTheWindow()
 {
     QSignalSpy full(mWindow, &MainWindow::showFullScreen);
-    mWindow->slotFullScreen();
-    QCOMPARE(full.count(), 1);
-    QCOMPARE(full.at(0).at(0).toBool(), true);
-    QTRY_VERIFY(mWindow->isFullScreen());
-    mWindow->slotFullScreen();
-    QCOMPARE(full.at(1).at(0).toBool(), false);
-    QTRY_VERIFY(!mWindow->isFullScreen());
+    for (bool on : {true, false}) {
+        mWindow->slotFullScreen();
+        QCOMPARE(full.size(), 1);
+        QCOMPARE(full.takeFirst().at(0).toBool(), on);
+        QTRY_COMPARE(mWindow->isFullScreen(), on);
+    }
 
     QSignalSpy vr(mWindow, &MainWindow::showVirtualResoltionSettings);
     mWindow->slotVR();
@@ -194,7 +144,8 @@ void TestMainWindow::signalsOfTheWindow()
     dialog->reject();
 }
 
-void TestMainWindow::indicatorListReachesTheViews()
+// The indicator list, the browser and the candle panel each reach the views.
+void TestMainWindow::partsReachTheViews()
 {
     ViewsContainer *views = mWindow->viewsContainer();
     const int panes = views->views().size();
@@ -204,27 +155,15 @@ void TestMainWindow::indicatorListReachesTheViews()
     const int overlays = views->chartView()->indicators().size();
     emit mWindow->indicatorList()->addChartIndicators({QStringLiteral("EMA")});
     QCOMPARE(views->chartView()->indicators().size(), overlays + 1);
-}
 
-void TestMainWindow::browserSelectionReachesTheViews()
-{
-    OrdaneBrowser::StockList *list =
-        mWindow->storageBrowser()->findChild<OrdaneBrowser::StockList *>();
-    QVERIFY(list);
-    QVERIFY(list->topLevelItemCount() > 1);
-    QTreeWidgetItem *item = list->findSymbol(QStringLiteral("MSFT"));
-    QVERIFY(item);
-    list->setCurrentItem(item);
-    QTRY_VERIFY(!mWindow->viewsContainer()->reader().isNull());
-    QCOMPARE(mWindow->viewsContainer()->reader()->symbol(), QStringLiteral("MSFT"));
+    OrdaneBrowser::StockList *list = mWindow->storageBrowser()->stockList();
+    list->setCurrentItem(list->findSymbol(QStringLiteral("MSFT")));
+    QTRY_VERIFY(!views->reader().isNull());
+    QCOMPARE(views->reader()->symbol(), QStringLiteral("MSFT"));
     // The chart keeps the frame of the set-up (the week template at a first start).
-    QCOMPARE(mWindow->viewsContainer()->reader()->timeFrame(), int(OrdaneData::Week));
-}
+    QCOMPARE(views->reader()->timeFrame(), int(OrdaneData::Week));
 
-void TestMainWindow::candleGuruReachesTheChart()
-{
-    QCOMPARE(mWindow->docks().at(3)->widget(), mWindow->candlePanel());
-    CandlesPatternLayer *layer = mWindow->viewsContainer()->chartView()->patternLayer();
+    CandlesPatternLayer *layer = views->chartView()->patternLayer();
     QVERIFY(!layer->isShown());
     emit mWindow->candlePanel()->showCandlePatterns(true);
     QVERIFY(layer->isShown());
@@ -236,10 +175,14 @@ void TestMainWindow::candleGuruReachesTheChart()
     QCOMPARE(layer->required(), CandlePattern::PatternSet({CandlePattern::Doji}));
 }
 
-void TestMainWindow::builtinTemplatesFromTheMenu()
+// Each entry of the predefined templates menu loads its template; the last one, the docks
+// and the window's size are there again at the next start.
+void TestMainWindow::templatesKeptBetweenRuns()
 {
     auto *templates = mWindow->findChild<QMenu *>(QStringLiteral("menuPredefinedTemplates"));
+    QStringList texts;
     for (QAction *a : templates->actions()) {
+        texts << a->text();
         ChartTemplate expected;
         QVERIFY(readTemplateFile(a->data().toString(), &expected));
         a->trigger();
@@ -250,35 +193,27 @@ void TestMainWindow::builtinTemplatesFromTheMenu()
         for (int i = 0; i < expected.panes.size(); ++i)
             QCOMPARE(shown.panes.at(i).size(), expected.panes.at(i).size());
     }
-}
+    QCOMPARE(texts,
+             QStringList({QStringLiteral("Trawler &Week"), QStringLiteral("Trawler &Day"),
+                          QStringLiteral("W&ork Template"), QStringLiteral("W&illiams"),
+                          QStringLiteral("&Elder Rays"), QStringLiteral("&BollingerBands")}));
 
-void TestMainWindow::setUpKeptBetweenRuns()
-{
-    // A first start shows the week template.
-    QCOMPARE(mWindow->viewsContainer()->currentTemplate().timeFrame, int(OrdaneData::Week));
-    QCOMPARE(mWindow->viewsContainer()->views().size(), 4);
-
-    QVERIFY(mWindow->viewsContainer()->slotSetTemplate(QStringLiteral(":/Templates/Williams.tt")));
     mWindow->docks().at(2)->hide();
     mWindow->resize(1111, 777);
     const ChartTemplate before = mWindow->viewsContainer()->currentTemplate();
+    // Unlike the week template of a first start, or keeping it would prove nothing.
+    QVERIFY(before.timeFrame != int(OrdaneData::Week));
     mWindow->close();
-    QVERIFY(QFile::exists(MainWindow::lastTemplatePath()));
     delete mWindow;
-
-    mWindow = new MainWindow;
-    mWindow->show();
-    QVERIFY(QTest::qWaitForWindowExposed(mWindow));
+    open();
     const ChartTemplate after = mWindow->viewsContainer()->currentTemplate();
     QCOMPARE(after.timeFrame, before.timeFrame);
     QCOMPARE(after.chartIndicators, before.chartIndicators);
     QCOMPARE(after.panes, before.panes);
     QVERIFY(!mWindow->docks().at(2)->isVisible());
     QCOMPARE(mWindow->size(), QSize(1111, 777));
-}
 
-void TestMainWindow::brokenLastTemplateFallsBackToTheWeek()
-{
+    // A broken record of the last set-up falls back to the week template.
     delete mWindow;
     QFile file(MainWindow::lastTemplatePath());
     QVERIFY(file.open(QIODevice::WriteOnly));

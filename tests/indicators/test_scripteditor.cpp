@@ -141,9 +141,8 @@ private slots:
     {
         ScriptEditor editor;
         ScriptTextEdit *edit = editor.textEdit();
-        edit->setPlainText(QString(98, QLatin1Char('\n')));
+        edit->setPlainText(QString(98, QLatin1Char('\n'))); // 99 lines
         editor.show();
-        QCOMPARE(edit->blockCount(), 99);
         const int narrow = edit->gutterWidth();
         edit->appendPlainText(QString());
         QVERIFY(edit->gutterWidth() > narrow);
@@ -179,65 +178,54 @@ private slots:
         QCOMPARE(text->palette().color(QPalette::Base), normal);
     }
 
-    void failedSaveKeepsOldFile()
-    {
-        const QString folder = mHome.filePath(QStringLiteral("saving"));
-        QVERIFY(QDir().mkpath(folder));
-        write(folder + QStringLiteral("/Trend.js"), "old");
-        ScriptEditor editor;
-        QVERIFY(editor.open(folder + QStringLiteral("/Trend.js")));
-        QCOMPARE(editor.windowTitle(), QStringLiteral("Trend.js[*] - Script Editor"));
-        retype(&editor, QStringLiteral("new"));
-
-        // With its folder gone the file cannot be written: the text stays unsaved, and a
-        // run command says so and runs nothing.
-        QVERIFY(QDir().rename(folder, folder + QStringLiteral("-moved")));
-        QString error, title;
-        QVERIFY(!editor.save(&error) && !error.isEmpty());
-        QSignalSpy run(&editor, &ScriptEditor::addIndicators);
-        TestSupport::answerNextMessageBox(&error, &title);
-        editor.findChild<QAction *>(QStringLiteral("actionScriptRunPane"))->trigger();
-        QCOMPARE(title, QStringLiteral("Error"));
-        QCOMPARE(run.count(), 0);
-        QVERIFY(editor.isWindowModified());
-        QCOMPARE(read(folder + QStringLiteral("-moved/Trend.js")), QByteArray("old"));
-    }
-
-    void runCommandsSaveFirst_data()
-    {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<int>("signal");
-        QTest::newRow("run in pane") << "actionScriptRunPane" << 0;
-        QTest::newRow("run on chart") << "actionScriptRunChart" << 1;
-        QTest::newRow("debug in pane") << "actionScriptDebugPane" << 2;
-        QTest::newRow("debug on chart") << "actionScriptDebugChart" << 3;
-    }
-
     void runCommandsSaveFirst()
     {
-        QFETCH(QString, action);
-        QFETCH(int, signal);
-        const QString path = mHome.filePath(QStringLiteral("Run.js"));
+        const QString folder = mHome.filePath(QStringLiteral("saving"));
+        const QString path = folder + QStringLiteral("/Run.js");
+        QVERIFY(QDir().mkpath(folder));
         write(path, "old");
         ScriptEditor editor;
-        QVERIFY(editor.open(mHome.path() + QStringLiteral("/./Run.js")));
+        QVERIFY(editor.open(folder + QStringLiteral("/./Run.js")));
         QCOMPARE(editor.filePath(), path);
+        QCOMPARE(editor.windowTitle(), QStringLiteral("Run.js[*] - Script Editor"));
+
+        // Each command saves the text, then sends its one signal.
+        const char *actions[] = {"actionScriptRunPane", "actionScriptRunChart",
+                                 "actionScriptDebugPane", "actionScriptDebugChart"};
         QSignalSpy spies[] = {{&editor, &ScriptEditor::addIndicators},
                               {&editor, &ScriptEditor::addChartIndicators},
                               {&editor, &ScriptEditor::debugIndicator},
                               {&editor, &ScriptEditor::debugChartIndicator}};
-        retype(&editor, QStringLiteral("function start() {}"));
-        QVERIFY(editor.isWindowModified());
-        editor.findChild<QAction *>(action)->trigger();
+        for (int signal = 0; signal < 4; ++signal) {
+            const QString text = QStringLiteral("function start() { return %1; }").arg(signal);
+            retype(&editor, text);
+            editor.findChild<QAction *>(QLatin1String(actions[signal]))->trigger();
+            QCOMPARE(QString::fromUtf8(read(path)), text);
+            QVERIFY(!editor.isWindowModified());
+            QCOMPARE(spies[signal].count(), 1);
+            const QVariantList pane{QStringList{QStringLiteral("Run.js")}};
+            const QVariantList debug{QStringLiteral("Run.js"), path};
+            QCOMPARE(spies[signal].takeFirst(), signal < 2 ? pane : debug);
+            for (const QSignalSpy &spy : spies)
+                QCOMPARE(spy.count(), 0);
+        }
 
-        QCOMPARE(read(path), QByteArray("function start() {}"));
-        QVERIFY(!editor.isWindowModified());
-        for (int i = 0; i < 4; ++i)
-            QCOMPARE(spies[i].count(), i == signal ? 1 : 0);
-        const QVariantList expected = signal < 2
-                                          ? QVariantList{QStringList{QStringLiteral("Run.js")}}
-                                          : QVariantList{QStringLiteral("Run.js"), path};
-        QCOMPARE(spies[signal].at(0), expected);
+        // With its folder gone the file cannot be written: the text stays unsaved, and a
+        // run command says so and runs nothing.
+        retype(&editor, QStringLiteral("new"));
+        QVERIFY(QDir().rename(folder, folder + QStringLiteral("-moved")));
+        QString text, title;
+        TestSupport::answerNextMessageBox(&text, &title);
+        editor.findChild<QAction *>(QStringLiteral("actionScriptRunPane"))->trigger();
+        const QString cause =
+            QStringLiteral("Can not save \"%1\":\n").arg(QDir::toNativeSeparators(path));
+        QCOMPARE(title, QStringLiteral("Error"));
+        QVERIFY2(text.startsWith(cause) && text.size() > cause.size(), qPrintable(text));
+        for (const QSignalSpy &spy : spies)
+            QCOMPARE(spy.count(), 0);
+        QVERIFY(editor.isWindowModified());
+        QCOMPARE(read(folder + QStringLiteral("-moved/Run.js")),
+                 QByteArray("function start() { return 3; }"));
     }
 
     void newIndicatorFromList()
@@ -262,32 +250,24 @@ private slots:
         editor->findChild<QAction *>(QStringLiteral("actionScriptDebugChart"))->trigger();
         QCOMPARE(debug.count(), 1);
 
-        typeName(QString());
-        TestSupport::answerNextMessageBox(&text, &title);
-        create->trigger();
-        QCOMPARE(title + QLatin1Char('|') + text,
+        // Answers the name prompt with `name`; the message that follows as "title|text".
+        const auto refused = [&](const QString &name) {
+            typeName(name);
+            TestSupport::answerNextMessageBox(&text, &title);
+            create->trigger();
+            return title + QLatin1Char('|') + text;
+        };
+        QCOMPARE(refused(QString()),
                  QStringLiteral("Error|Can not create an indicator without name"));
-
         // An existing file is opened in its one editor.
-        typeName(QStringLiteral("Trend"));
-        TestSupport::answerNextMessageBox(&text, &title);
-        create->trigger();
-        QCOMPARE(title + QLatin1Char('|') + text,
+        QCOMPARE(refused(QStringLiteral("Trend")),
                  QStringLiteral("Warning|This file already exists.Press Ok to open the file"));
         QCOMPARE(list.findChildren<ScriptEditor *>().count(), 1);
         QCOMPARE(list.openEditor(path), editor);
     }
 
-    void deleteScriptFromList_data()
-    {
-        QTest::addColumn<bool>("yes");
-        QTest::newRow("yes") << true;
-        QTest::newRow("no") << false;
-    }
-
     void deleteScriptFromList()
     {
-        QFETCH(bool, yes);
         write(script(QStringLiteral("Gone.js")), "var a;");
         write(script(QStringLiteral("Locked.bin")), "");
         IndicatorFactoryWidget list;
@@ -306,19 +286,23 @@ private slots:
         QVERIFY(editor);
         editor->textEdit()->appendPlainText(QStringLiteral("unsaved"));
 
-        QString text;
-        answerNext<QMessageBox>([&](QMessageBox *box) {
-            text = box->text();
-            box->button(yes ? QMessageBox::Yes : QMessageBox::No)->click();
-        });
-        list.deleteScriptAction()->trigger();
-        QCOMPARE(text, QStringLiteral("Are you sure that you want to delete \"Gone.js\"? The "
-                                      "file is removed from the disk."));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(QFile::exists(script(QStringLiteral("Gone.js"))), !yes);
-        QCOMPARE(list.findItems(QStringLiteral("Gone.js"), Qt::MatchExactly).count(), yes ? 0 : 1);
-        // The editor of a deleted file goes without asking.
-        QCOMPARE(editor.isNull(), yes);
+        // Answered no, everything stays; answered yes, the file goes, and with it its editor,
+        // without asking about the unsaved text.
+        for (const bool yes : {false, true}) {
+            QString text;
+            answerNext<QMessageBox>([&](QMessageBox *box) {
+                text = box->text();
+                box->button(yes ? QMessageBox::Yes : QMessageBox::No)->click();
+            });
+            list.deleteScriptAction()->trigger();
+            QCOMPARE(text, QStringLiteral("Are you sure that you want to delete \"Gone.js\"? The "
+                                          "file is removed from the disk."));
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(QFile::exists(script(QStringLiteral("Gone.js"))), !yes);
+            QCOMPARE(list.findItems(QStringLiteral("Gone.js"), Qt::MatchExactly).count(),
+                     yes ? 0 : 1);
+            QCOMPARE(editor.isNull(), yes);
+        }
     }
 };
 

@@ -11,7 +11,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QtTest>
 
 using namespace QMWidgets;
@@ -45,11 +44,6 @@ public:
 protected:
     void showRestartNotice() override { ++notices; }
 };
-
-QVariant stored(const QString &key)
-{
-    return QSettings().value(key);
-}
 } // namespace
 
 class TestSettings : public QObject
@@ -57,31 +51,18 @@ class TestSettings : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() { TestSupport::useTestSettings(); }
     void init();
-    void cleanup() { qunsetenv("QT_SCALE_FACTOR"); }
 
     void buttonsApplyPages_data();
     void buttonsApplyPages();
-    void lastPageAndSizeAreRemembered();
-    void cancelStoresNothingFromRealPages();
-    void languagePageShowsCurrentChoice_data();
-    void languagePageShowsCurrentChoice();
-    void languagePageStoresOnlyAChange();
-    void updatesPageStoresItsKeys();
+    void languagePage_data();
+    void languagePage();
+    void updatesPageStoresItsKeysOnApply();
 
-    void factorIsClampedAndRead_data();
-    void factorIsClampedAndRead();
-    void applyVirtualResolution_data();
-    void applyVirtualResolution();
-    void virtualResolutionDialog();
+    void factorIsClampedAppliedAndChosen_data();
+    void factorIsClampedAppliedAndChosen();
 };
-
-void TestSettings::initTestCase()
-{
-    TestSupport::useTestSettings();
-    QVERIFY(QSettings().fileName().contains(QStringLiteral("qttest")));
-}
 
 void TestSettings::init()
 {
@@ -104,129 +85,97 @@ void TestSettings::buttonsApplyPages()
     QFETCH(int, button);
     QFETCH(int, calls);
     QFETCH(bool, staysOpen);
-    SettingsDialog dialog;
-    auto *counting = new CountingPage;
-    auto *slotStyle = new SlotStylePage;
-    dialog.addPage(counting, QStringLiteral("Counting"));
-    dialog.addPage(new QWidget, QStringLiteral("Nothing to store"));
-    dialog.addPage(slotStyle, QStringLiteral("Colours"));
-    dialog.show();
-    auto *box = dialog.findChild<QDialogButtonBox *>();
-    QTest::mouseClick(box->button(QDialogButtonBox::StandardButton(button)), Qt::LeftButton);
-    QCOMPARE(counting->calls, calls);
-    QCOMPARE(slotStyle->calls, calls);
-    QCOMPARE(dialog.isVisible(), staysOpen);
-}
-
-void TestSettings::lastPageAndSizeAreRemembered()
-{
-    QPointer<QWidget> owned = new QWidget;
+    QPointer<CountingPage> counting = new CountingPage;
     {
         SettingsDialog dialog;
-        dialog.addPage(owned, QStringLiteral("0"));
-        dialog.addPage(new QWidget, QStringLiteral("1"));
-        dialog.addPage(new QWidget, QStringLiteral("2"));
-        QCOMPARE(dialog.currentIndex(), 0);
+        auto *slotStyle = new SlotStylePage;
+        dialog.addPage(counting, QStringLiteral("Counting"));
+        dialog.addPage(new QWidget, QStringLiteral("Nothing to store"));
+        dialog.addPage(slotStyle, QStringLiteral("Colours"));
         dialog.setCurrentIndex(7); // no such page: stays
+        QCOMPARE(dialog.currentIndex(), 0);
         dialog.setCurrentIndex(2);
+        dialog.show();
         dialog.resize(720, 510);
+        auto *box = dialog.findChild<QDialogButtonBox *>();
+        QTest::mouseClick(box->button(QDialogButtonBox::StandardButton(button)), Qt::LeftButton);
+        QCOMPARE(counting->calls, calls);
+        QCOMPARE(slotStyle->calls, calls);
+        QCOMPARE(dialog.isVisible(), staysOpen);
         dialog.reject();
     }
-    QVERIFY(owned.isNull());
+    QVERIFY(counting.isNull());
 
+    // The next dialog opens at the same size on the last page, once that page exists.
     SettingsDialog again;
     for (int i = 0; i < 3; ++i) {
         again.addPage(new QWidget, QString::number(i));
-        // Until the remembered page exists, the first is shown.
         QCOMPARE(again.currentIndex(), i < 2 ? 0 : 2);
     }
     QCOMPARE(again.size(), QSize(720, 510));
 }
 
-void TestSettings::cancelStoresNothingFromRealPages()
+void TestSettings::languagePage_data()
 {
-    QSettings().setValue(QStringLiteral("Language"), QStringLiteral("en"));
-    SettingsDialog dialog;
-    auto *language = new QuietLanguagePage;
-    auto *updates = new UpdatesPage;
-    dialog.addPage(language, QStringLiteral("Language"));
-    dialog.addPage(updates, QStringLiteral("Updates"));
-    QVERIFY(language->setLanguage(QStringLiteral("de")));
-    updates->setCheckAtStart(true);
-    updates->setUpdateUrl(QStringLiteral("http://localhost/v"));
-    dialog.reject();
-    QCOMPARE(stored(QStringLiteral("Language")).toString(), QStringLiteral("en"));
-    QVERIFY(!QSettings().contains(QStringLiteral("checkupdates")));
-    QVERIFY(!QSettings().contains(QStringLiteral("UpdateUrl")));
-}
-
-void TestSettings::languagePageShowsCurrentChoice_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("stored"); // null: nothing stored
+    QTest::addColumn<QString>("shown");  // null: whatever the system locale gives
     QTest::addColumn<int>("offered");
-    QTest::newRow("locale-name") << "ru_RU"
-                                 << "ru" << 3;
+    QTest::newRow("nothing-stored") << QString() << QString() << 0;
+    QTest::newRow("locale-name") << QStringLiteral("ru_RU") << QStringLiteral("ru") << 3;
     // The setting matches anywhere in the value.
-    QTest::newRow("contains-de") << "mde"
-                                 << "de" << 3;
+    QTest::newRow("contains-de") << QStringLiteral("mde") << QStringLiteral("de") << 3;
     // Known to the program but not offered: kept as an extra entry, not replaced.
-    QTest::newRow("spanish") << "es_ES"
-                             << "es" << 4;
-    QTest::newRow("unknown") << "pt_BR"
-                             << "en" << 3;
+    QTest::newRow("spanish") << QStringLiteral("es_ES") << QStringLiteral("es") << 4;
+    QTest::newRow("unknown") << QStringLiteral("pt_BR") << QStringLiteral("en") << 3;
 }
 
-void TestSettings::languagePageShowsCurrentChoice()
+void TestSettings::languagePage()
 {
     QFETCH(QString, stored);
     QFETCH(QString, shown);
     QFETCH(int, offered);
-    QSettings().setValue(QStringLiteral("Language"), stored);
+    const QString key = QStringLiteral("Language");
+    if (!stored.isNull())
+        QSettings().setValue(key, stored);
     QuietLanguagePage page;
-    QCOMPARE(page.language(), shown);
-    QCOMPARE(page.languages().size(), offered);
+    if (!shown.isNull()) {
+        QCOMPARE(page.language(), shown);
+        QCOMPARE(page.languages().size(), offered);
+    }
 
-    // Applying what is shown leaves the stored value as it was.
+    // Applying what is shown leaves the stored value as it was: with nothing stored the
+    // page follows the system locale and must not freeze it.
     QSignalSpy restart(&page, &LanguagePage::restartNeeded);
     page.apply();
     QCOMPARE(restart.count(), 0);
-    QCOMPARE(::stored(QStringLiteral("Language")).toString(), stored);
-}
+    QCOMPARE(QSettings().contains(key), !stored.isNull());
+    QCOMPARE(QSettings().value(key).toString(), stored);
 
-void TestSettings::languagePageStoresOnlyAChange()
-{
-    // Nothing stored: the page follows the system locale and must not freeze it.
-    QuietLanguagePage page;
-    QSignalSpy restart(&page, &LanguagePage::restartNeeded);
-    page.apply();
-    QVERIFY(!QSettings().contains(QStringLiteral("Language")));
-
+    // Another choice is stored only on Apply, and only once; a restart is asked for.
     const QString other =
         page.language() == QLatin1String("ru") ? QStringLiteral("de") : QStringLiteral("ru");
     QVERIFY(page.setLanguage(other));
     QVERIFY(!page.setLanguage(QStringLiteral("fr")));
+    QCOMPARE(QSettings().value(key).toString(), stored);
     page.apply();
-    QCOMPARE(stored(QStringLiteral("Language")).toString(), other);
+    page.apply();
+    QCOMPARE(QSettings().value(key).toString(), other);
     QCOMPARE(restart.count(), 1);
     QCOMPARE(page.notices, 1);
-
-    // A second Apply of the same choice is no change.
-    page.apply();
-    QCOMPARE(restart.count(), 1);
 }
 
-void TestSettings::updatesPageStoresItsKeys()
+void TestSettings::updatesPageStoresItsKeysOnApply()
 {
     {
         UpdatesPage page;
         QVERIFY(!page.checkAtStart());
         page.setCheckAtStart(true);
         page.setUpdateUrl(QStringLiteral("  http://localhost/version.txt "));
+        QVERIFY(QSettings().allKeys().isEmpty());
         page.apply();
     }
-    QCOMPARE(stored(QStringLiteral("checkupdates")).toBool(), true);
-    QCOMPARE(stored(QStringLiteral("UpdateUrl")).toString(),
+    QCOMPARE(QSettings().value(QStringLiteral("checkupdates")).toBool(), true);
+    QCOMPARE(QSettings().value(QStringLiteral("UpdateUrl")).toString(),
              QStringLiteral("http://localhost/version.txt"));
 
     UpdatesPage reopened;
@@ -234,77 +183,54 @@ void TestSettings::updatesPageStoresItsKeys()
     reopened.setCheckAtStart(false);
     reopened.setUpdateUrl(QStringLiteral("   "));
     reopened.apply();
-    QCOMPARE(stored(QStringLiteral("checkupdates")).toBool(), false);
+    QCOMPARE(QSettings().value(QStringLiteral("checkupdates")).toBool(), false);
     QVERIFY(!QSettings().contains(QStringLiteral("UpdateUrl")));
 }
 
-void TestSettings::factorIsClampedAndRead_data()
+void TestSettings::factorIsClampedAppliedAndChosen_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<double>("factor");
-    QTest::newRow("nothing-stored") << QVariant() << 1.0;
-    QTest::newRow("in-range") << QVariant(1.5) << 1.5;
-    QTest::newRow("too-small") << QVariant(0.2) << 0.5;
-    QTest::newRow("negative") << QVariant(-2) << 0.5;
-    QTest::newRow("too-large") << QVariant(7) << 3.0;
-    QTest::newRow("not-a-number") << QVariant(QStringLiteral("big")) << 1.0;
-    QTest::newRow("nan-text") << QVariant(QStringLiteral("nan")) << 1.0;
-    QTest::newRow("inf-text") << QVariant(QStringLiteral("inf")) << 1.0;
-    QTest::newRow("locale-comma") << QVariant(QStringLiteral("1,5")) << 1.0;
+    QTest::addColumn<QByteArray>("scale"); // QT_SCALE_FACTOR at start; empty: left unset
+    QTest::newRow("nothing-stored") << QVariant() << 1.0 << QByteArray();
+    QTest::newRow("in-range") << QVariant(0.8) << 0.8 << QByteArray("0.8");
+    QTest::newRow("unscaled") << QVariant(1.0) << 1.0 << QByteArray();
+    QTest::newRow("too-small") << QVariant(0.2) << 0.5 << QByteArray("0.5");
+    QTest::newRow("negative") << QVariant(-2) << 0.5 << QByteArray("0.5");
+    QTest::newRow("too-large") << QVariant(7) << 3.0 << QByteArray("3");
+    QTest::newRow("nan-text") << QVariant(QStringLiteral("nan")) << 1.0 << QByteArray();
+    QTest::newRow("inf-text") << QVariant(QStringLiteral("inf")) << 1.0 << QByteArray();
+    QTest::newRow("locale-comma") << QVariant(QStringLiteral("1,5")) << 1.0 << QByteArray();
 }
 
-void TestSettings::factorIsClampedAndRead()
+void TestSettings::factorIsClampedAppliedAndChosen()
 {
     QFETCH(QVariant, value);
     QFETCH(double, factor);
+    QFETCH(QByteArray, scale);
+    const QString key = QStringLiteral("VirtualResolution/Factor");
     if (value.isValid())
-        QSettings().setValue(QStringLiteral("VirtualResolution/Factor"), value);
+        QSettings().setValue(key, value);
     QCOMPARE(virtualResolutionFactor(), factor);
 
-    // Whatever was read, storing it again keeps it.
-    setVirtualResolutionFactor(virtualResolutionFactor());
-    QCOMPARE(stored(QStringLiteral("VirtualResolution/Factor")).toDouble(), factor);
-}
-
-void TestSettings::applyVirtualResolution_data()
-{
-    QTest::addColumn<QVariant>("factor");
-    QTest::addColumn<QByteArray>("userValue"); // empty: the user set nothing
-    QTest::addColumn<QByteArray>("expected");  // empty: QT_SCALE_FACTOR stays unset
-    QTest::newRow("scaled") << QVariant(0.8) << QByteArray() << QByteArray("0.8");
-    QTest::newRow("clamped") << QVariant(9) << QByteArray() << QByteArray("3");
-    QTest::newRow("unscaled") << QVariant(1.0) << QByteArray() << QByteArray();
-    QTest::newRow("nothing-stored") << QVariant() << QByteArray() << QByteArray();
-    QTest::newRow("user-wins") << QVariant(2.0) << QByteArray("1.25") << QByteArray("1.25");
-}
-
-void TestSettings::applyVirtualResolution()
-{
-    QFETCH(QVariant, factor);
-    QFETCH(QByteArray, userValue);
-    QFETCH(QByteArray, expected);
-    // Written through the explicit identity the start-up uses before any application exists.
+    // The start-up reads it through the explicit identity, before any application exists.
     const QString organization = QStringLiteral("Skarvel");
     const QString application = QStringLiteral("Halcyra2");
-    QSettings settings(organization, application);
-    if (factor.isValid())
-        settings.setValue(QStringLiteral("VirtualResolution/Factor"), factor);
-    settings.sync();
-    if (!userValue.isEmpty())
-        qputenv("QT_SCALE_FACTOR", userValue);
+    applyVirtualResolution(organization, application);
+    QCOMPARE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"), !scale.isEmpty());
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), scale);
+    QVERIFY(!scaleFactorSetByUser());
+    // A scale the user set wins.
+    qputenv("QT_SCALE_FACTOR", "1.25");
+    applyVirtualResolution(organization, application);
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.25"));
+    QVERIFY(scaleFactorSetByUser());
 
-    QMWidgets::applyVirtualResolution(organization, application);
-    QCOMPARE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"), !expected.isEmpty());
-    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), expected);
-    QCOMPARE(scaleFactorSetByUser(), !userValue.isEmpty());
-}
-
-void TestSettings::virtualResolutionDialog()
-{
-    setVirtualResolutionFactor(2.0);
+    // The dialog starts at the factor read; it shows what a choice makes of the screen, and
+    // stores it only when accepted.
     {
         VirtualResolutionDialog dialog;
-        QCOMPARE(dialog.percent(), 200);
+        QCOMPARE(dialog.percent(), qRound(factor * 100));
         dialog.setScreenSize(QSize(1920, 1080));
         dialog.setPercent(125);
         QCOMPARE(dialog.preview(), QStringLiteral("1920 × 1080 appears as 1536 × 864"));
@@ -312,8 +238,7 @@ void TestSettings::virtualResolutionDialog()
         QCOMPARE(dialog.preview(), QStringLiteral("1920 × 1080 appears as 3840 × 2160"));
         dialog.reject();
     }
-    QCOMPARE(virtualResolutionFactor(), 2.0);
-
+    QCOMPARE(virtualResolutionFactor(), factor);
     VirtualResolutionDialog dialog;
     dialog.setPercent(130);
     dialog.accept();
