@@ -1,20 +1,22 @@
 #include "mainwindow.h"
 
 #include "browser/storagebrowser.h"
+#include "core/language.h"
+#include "core/reminders.h"
+#include "core/setting.h"
+#include "core/updater.h"
 #include "data/home.h"
 #include "indicators/ui/candlesexpertpanel.h"
+#include "indicators/ui/indicatordialogs.h"
 #include "indicators/ui/indicatorfactorywidget.h"
 #include "indicators/ui/scriptdebugger.h"
 #include "view/charttemplate.h"
 #include "view/ui/viewparameters.h"
 #include "view/ui/viewscontainer.h"
 #include "widgets/app.h"
-#include "widgets/language.h"
 #include "widgets/languagepage.h"
-#include "widgets/reminders.h"
 #include "widgets/remindersdialog.h"
 #include "widgets/settingsdialog.h"
-#include "widgets/updater.h"
 #include "widgets/updaterpage.h"
 #include "widgets/updatespage.h"
 #include "widgets/virtualresolutiondialog.h"
@@ -28,7 +30,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QSettings>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -37,8 +38,8 @@
 namespace Halcyra {
 
 namespace {
-const QString kGeometry = QStringLiteral("MainWindow/Geometry");
-const QString kState = QStringLiteral("MainWindow/State");
+const QMWidgets::Setting<QByteArray> kGeometry{QStringLiteral("MainWindow/Geometry"), {}};
+const QMWidgets::Setting<QByteArray> kState{QStringLiteral("MainWindow/State"), {}};
 // Bumped when the docks change, so that a layout saved by an older build is not applied.
 constexpr int kStateVersion = 1;
 
@@ -61,6 +62,7 @@ MainWindow::MainWindow(QWidget *parent)
     , mIndicators(new OrdaneView::IndicatorFactoryWidget(this))
     , mCandles(new OrdaneView::CandlesExpertPanel(this))
 {
+    OrdaneView::installIndicators();
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Halcyra %1").arg(QCoreApplication::applicationVersion()));
     setDockNestingEnabled(true);
@@ -131,14 +133,13 @@ MainWindow::MainWindow(QWidget *parent)
         connect(app->reminders(), &QMWidgets::Reminders::remind, this, &MainWindow::showReminder);
 
     resize(1280, 800);
-    const QSettings settings;
-    restoreGeometry(settings.value(kGeometry).toByteArray());
-    restoreState(settings.value(kState).toByteArray(), kStateVersion);
+    restoreGeometry(kGeometry.value());
 
+    statusBar()->showMessage(QDir::toNativeSeparators(OrdaneData::Home::path()), 8000);
+    // After the home folder's note, so that indicators the set-up lost are what it shows.
     restoreLastTemplate();
     mBrowser->slotFillChartItems();
     mBrowser->restoreSelection();
-    statusBar()->showMessage(QDir::toNativeSeparators(OrdaneData::Home::path()), 8000);
 }
 
 QDockWidget *MainWindow::addDock(const QString &objectName, const QString &title, QWidget *content,
@@ -168,8 +169,11 @@ void MainWindow::buildMenus()
     QAction *a = action(view, QStringLiteral("actionFullScreen"), tr("Full &Screen"),
                         QKeySequence(QStringLiteral("CTRL+ALT+S")));
     connect(a, &QAction::triggered, this, &MainWindow::slotFullScreen);
+    mPanelActions.fullScreen = a;
     a = action(view, QStringLiteral("actionVirtualResolution"), tr("&Virtual Resolution"),
                QKeySequence(QStringLiteral("CTRL+ALT+V")));
+    mPanelActions.virtualResolution = a;
+    // The tip is spelled so on purpose; keep.
     a->setToolTip(tr("Virtul Resolution"));
     a->setStatusTip(tr("Virtul Resolution"));
     connect(a, &QAction::triggered, this, &MainWindow::slotVR);
@@ -177,9 +181,11 @@ void MainWindow::buildMenus()
     a = action(view, QStringLiteral("actionLoadTemplate"), tr("Load &Template"),
                QKeySequence(QStringLiteral("CTRL+ALT+T")));
     connect(a, &QAction::triggered, mViews, &OrdaneView::ViewsContainer::slotLoadTemplate);
+    mPanelActions.loadTemplate = a;
     a = action(view, QStringLiteral("actionSaveTemplate"), tr("Save T&emplate"),
                QKeySequence(QStringLiteral("CTRL+ALT+A")));
     connect(a, &QAction::triggered, mViews, &OrdaneView::ViewsContainer::slotSaveTemplate);
+    mPanelActions.saveTemplate = a;
     QMenu *templates = view->addMenu(tr("&Predefined Templates"));
     templates->setObjectName(QStringLiteral("menuPredefinedTemplates"));
     for (const OrdaneView::BuiltinTemplate &t : OrdaneView::builtinTemplates()) {
@@ -197,6 +203,7 @@ void MainWindow::buildMenus()
                QKeySequence(QStringLiteral("CTRL+O")));
     a->setStatusTip(tr("Open a Settings Dialog"));
     connect(a, &QAction::triggered, this, &MainWindow::slotSettings);
+    mPanelActions.settings = a;
     a = action(tools, QStringLiteral("actionReminders"), tr("&Reminders..."));
     connect(a, &QAction::triggered, this, &MainWindow::slotReminders);
     a = action(tools, QStringLiteral("actionCheckUpdates"), tr("Check for &Updates..."));
@@ -223,6 +230,7 @@ void MainWindow::buildMenus()
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     a = action(help, QStringLiteral("actionAbout"), tr("&About"));
     connect(a, &QAction::triggered, this, &MainWindow::slotAbout);
+    mPanelActions.help = a;
 
     mMainMenu = new QMenu(this);
     for (QMenu *menu : {view, tools, languages, help})
@@ -239,28 +247,27 @@ void MainWindow::buildMenuPanel()
     addToolBar(Qt::TopToolBarArea, panel);
 
     const auto button = [this, panel](const char *objectName, const QString &caption,
-                                      const char *action) {
+                                      QAction *action) {
         auto *b = new QToolButton(panel);
         b->setObjectName(QLatin1String(objectName));
         b->setText(caption);
         b->setAutoRaise(true);
         panel->addWidget(b);
-        QAction *a = *action ? findChild<QAction *>(QLatin1String(action)) : nullptr;
-        if (a) {
-            b->setToolTip(a->text().remove(QLatin1Char('&')));
-            connect(b, &QToolButton::clicked, a, &QAction::trigger);
+        if (action) {
+            b->setToolTip(action->text().remove(QLatin1Char('&')));
+            connect(b, &QToolButton::clicked, action, &QAction::trigger);
         }
         return b;
     };
-    QToolButton *menu = button("MenuPanelMenu", tr("Menu"), "");
+    QToolButton *menu = button("MenuPanelMenu", tr("Menu"), nullptr);
     menu->setMenu(mMainMenu);
     menu->setPopupMode(QToolButton::InstantPopup);
-    button("MenuPanelSettings", tr("Settings"), "actionSettings");
-    button("MenuPanelFullScreen", tr("Full Screen"), "actionFullScreen");
-    button("MenuPanelVirtualResolution", tr("Virtual Resolution"), "actionVirtualResolution");
-    button("MenuPanelLoadTemplate", tr("Load Template"), "actionLoadTemplate");
-    button("MenuPanelSaveTemplate", tr("Save Template"), "actionSaveTemplate");
-    button("MenuPanelHelp", tr("Help"), "actionAbout");
+    button("MenuPanelSettings", tr("Settings"), mPanelActions.settings);
+    button("MenuPanelFullScreen", tr("Full Screen"), mPanelActions.fullScreen);
+    button("MenuPanelVirtualResolution", tr("Virtual Resolution"), mPanelActions.virtualResolution);
+    button("MenuPanelLoadTemplate", tr("Load Template"), mPanelActions.loadTemplate);
+    button("MenuPanelSaveTemplate", tr("Save Template"), mPanelActions.saveTemplate);
+    button("MenuPanelHelp", tr("Help"), mPanelActions.help);
 }
 
 QString MainWindow::lastTemplatePath()
@@ -282,11 +289,20 @@ QString MainWindow::restoreLastTemplate()
         path = OrdaneView::fallbackTemplate();
         OrdaneView::readTemplateFile(path, &t);
     }
-    const QStringList unknown = mViews->applyTemplate(t);
-    if (!unknown.isEmpty())
-        statusBar()->showMessage(
-            tr("Unknown indicators left out: %1").arg(unknown.join(QStringLiteral(", "))), 8000);
+    mViews->reportLeftOut(mViews->applyTemplate(t));
     return path;
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    // The docks' sizes are restored only once the window has its own size: restored into a
+    // window not yet shown, the docks share space the window does not have yet, and with no
+    // central widget to take up the difference they come back far from what they were.
+    if (!mStateRestored) {
+        mStateRestored = true;
+        restoreState(kState.value(), kStateVersion);
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -296,9 +312,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    QSettings settings;
-    settings.setValue(kGeometry, saveGeometry());
-    settings.setValue(kState, saveState(kStateVersion));
+    kGeometry.setValue(saveGeometry());
+    // A window never shown has not restored the docks it would overwrite.
+    if (mStateRestored)
+        kState.setValue(saveState(kStateVersion));
     QString error;
     if (!saveLastTemplate(&error))
         qWarning("The chart set-up could not be kept: %s", qPrintable(error));

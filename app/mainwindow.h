@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+class QAction;
 class QDockWidget;
 class QMenu;
 
@@ -51,6 +52,7 @@ signals:
     // Full screen was asked on (true) or off (false).
     void showFullScreen(bool on);
     // The virtual-resolution settings were asked for.
+    // Spelled so in the interface; keep.
     void showVirtualResoltionSettings();
 
 public slots:
@@ -68,6 +70,7 @@ public slots:
     void slotCheckUpdates();
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -82,7 +85,18 @@ private:
     OrdaneView::IndicatorFactoryWidget *mIndicators;
     OrdaneView::CandlesExpertPanel *mCandles;
     QList<QDockWidget *> mDocks;
+    bool mStateRestored = false;
     QMenu *mMainMenu = nullptr; // every menu, for the panel's "Menu" button
+    // The menu actions the panel's buttons trigger.
+    struct
+    {
+        QAction *settings = nullptr;
+        QAction *fullScreen = nullptr;
+        QAction *virtualResolution = nullptr;
+        QAction *loadTemplate = nullptr;
+        QAction *saveTemplate = nullptr;
+        QAction *help = nullptr;
+    } mPanelActions;
 };
 
 } // namespace Halcyra

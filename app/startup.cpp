@@ -1,16 +1,16 @@
 #include "startup.h"
 
 #include "app/mainwindow.h"
+#include "core/language.h"
+#include "core/reminders.h"
+#include "core/setting.h"
+#include "core/translationsmanager.h"
+#include "core/updater.h"
+#include "core/virtualresolution.h"
 #include "data/heap.h"
 #include "data/home.h"
 #include "widgets/app.h"
-#include "widgets/language.h"
-#include "widgets/reminders.h"
-#include "widgets/setting.h"
-#include "widgets/translationsmanager.h"
-#include "widgets/updater.h"
 #include "widgets/updaterpage.h"
-#include "widgets/virtualresolution.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 // required, reported in nanoseconds per bar.
 
 #include "benchsupport.h"
-#include "indicators/patterns/candlepattern.h"
+#include "view/patterns/candlepattern.h"
 
 #include <benchmark/benchmark.h>
 

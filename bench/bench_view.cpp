@@ -6,6 +6,7 @@
 #include "view/chartgeometry.h"
 #include "view/chartlayer.h"
 #include "view/chartrenderer.h"
+#include "view/chartsession.h"
 #include "view/dateaxis.h"
 #include "view/viewcanvas.h"
 
@@ -60,10 +61,11 @@ BENCHMARK(BM_RepaintChartView)->Arg(4)->Arg(3)->Arg(8)->Unit(benchmark::kMillise
 
 void BM_RenderChartPicture(benchmark::State &state)
 {
-    const OrdaneData::ReaderH series = syntheticSeries(3000);
-    OrdaneView::ChartPicture picture;
+    OrdaneView::ChartSession session;
+    session.setReader(syntheticSeries(3000));
+    const OrdaneView::ChartPicture picture;
     for (auto _ : state)
-        benchmark::DoNotOptimize(OrdaneView::renderChart(series, picture));
+        benchmark::DoNotOptimize(OrdaneView::renderChart(session, picture));
 }
 BENCHMARK(BM_RenderChartPicture)->Unit(benchmark::kMillisecond);
 

@@ -1,11 +1,11 @@
 #include "storagebrowser.h"
 
+#include "core/setting.h"
 #include "data/home.h"
 #include "data/quotesource.h"
 #include "data/reader.h"
 #include "data/ui/editcsvdialog.h"
 #include "stocklist.h"
-#include "widgets/setting.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -55,6 +55,7 @@ public slots:
     void slotChartItemActivated(QTreeWidgetItem *item, int column);
 
 signals:
+    // Spelled so in the interface other parts connect to; keep.
     void chartItemSeletected(OrdaneData::ReaderH reader);
     // After the list was filled or a row added.
     void itemChanged();

@@ -1,6 +1,6 @@
 #include "command.h"
 #include "data/reader.h"
-#include "indicators/patterns/candlepattern.h"
+#include "view/patterns/candlepattern.h"
 
 #include <QCommandLineParser>
 

@@ -1,13 +1,14 @@
 #include "command.h"
+#include "core/language.h"
 #include "data/reader.h"
 #include "data/readerh.h"
 #include "indicatorargs.h"
-#include "indicators/catalogue.h"
-#include "indicators/indicatorlayer.h"
 #include "indicators/script/indicatorfactory.h"
+#include "view/chartgeometry.h"
 #include "view/chartrenderer.h"
+#include "view/chartsession.h"
 #include "view/charttemplate.h"
-#include "widgets/language.h"
+#include "view/templatebinding.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -101,6 +102,9 @@ int runRender(const QStringList &args, Context &context)
 
     // The template first: the explicit options below apply on top of it.
     OrdaneView::ChartPicture picture;
+    int zoomValue = OrdaneView::ChartGeometry::kDefaultZoom;
+    OrdaneView::ChartType chartType = OrdaneView::ChartType::Candle;
+    bool colored = true;
     OrdaneView::ChartTemplate setup;
     TemplateSetup fromTemplate;
     const bool templated = parser.isSet(templateOption);
@@ -110,16 +114,16 @@ int runRender(const QStringList &args, Context &context)
             context.err << "halcyra-cli render: " << error << '\n';
             return Failure;
         }
-        picture.zoom = std::max(setup.zoom, 1);
-        picture.type = setup.type;
-        picture.colored = setup.colored;
+        zoomValue = std::max(setup.zoom, 1);
+        chartType = setup.type;
+        colored = setup.colored;
         fromTemplate = setupOf(setup, context);
     }
 
     int w = picture.size.width(), h = picture.size.height();
     if (!readInt(parser, width, 100, w, context.err) ||
         !readInt(parser, height, 60, h, context.err) ||
-        !readInt(parser, zoom, 1, picture.zoom, context.err) ||
+        !readInt(parser, zoom, 1, zoomValue, context.err) ||
         !readInt(parser, first, 0, picture.first, context.err))
         return UsageError;
     picture.size = QSize(w, h);
@@ -129,7 +133,7 @@ int runRender(const QStringList &args, Context &context)
         for (auto t : {OrdaneView::ChartType::Candle, OrdaneView::ChartType::Bar,
                        OrdaneView::ChartType::Line, OrdaneView::ChartType::Empty}) {
             if (name == OrdaneView::chartTypeName(t)) {
-                picture.type = t;
+                chartType = t;
                 known = true;
             }
         }
@@ -160,7 +164,6 @@ int runRender(const QStringList &args, Context &context)
     QList<QList<IndicatorRequest>> panes = fromTemplate.panes;
     for (const IndicatorRequest &request : qAsConst(extraPanes))
         panes.append({request});
-    picture.panes = panes.size();
     picture.heights = fromTemplate.heights;
     if (!picture.heights.isEmpty() && !extraPanes.isEmpty()) {
         // Panes asked for besides the template's get the height of an average one of them.
@@ -180,38 +183,33 @@ int runRender(const QStringList &args, Context &context)
         context.err << "halcyra-cli render: cannot read " << path << '\n';
         return Failure;
     }
-    if (templated)
-        series->setTimeFrame(setup.timeFrame);
 
-    picture.label = QFileInfo(path).completeBaseName();
-    picture.colors = OrdaneView::ViewColors::load();
+    // The same session the chart area shows, so the picture is the program's.
+    OrdaneView::IndicatorFactory::install();
+    OrdaneView::ChartSession session;
+    session.setColors(OrdaneView::ViewColors::load());
+    session.setLocale(QMWidgets::interfaceLocale());
+    session.setReader(series);
     if (templated) {
-        if (setup.background.isValid())
-            picture.colors.background = setup.background;
-        picture.colors.threeD = setup.threeD;
+        // The frame and look; the indicators are those asked for above, the template's
+        // known ones among them.
+        OrdaneView::ChartTemplate look = setup;
+        look.chartIndicators.clear();
+        look.panes.clear();
+        OrdaneView::applyTemplate(session, look);
     }
-    picture.locale = QMWidgets::interfaceLocale();
-    const auto add = [](OrdaneView::ViewCanvas &canvas, const IndicatorRequest &request,
-                        bool master) {
-        OrdaneView::IndicatorLayer *layer =
-            OrdaneView::createIndicator(request.id, canvas.reader(), &canvas);
-        for (auto it = request.params.cbegin(); it != request.params.cend(); ++it)
-            layer->setParameter(it.key(), it.value());
-        canvas.addLayer(layer);
-        if (master)
-            canvas.setMasterLayer(layer);
-        layer->init();
-        layer->start();
-    };
-    const QImage image = OrdaneView::renderChart(
-        series, picture,
-        [&](OrdaneView::ViewCanvas &chart, const QList<OrdaneView::ViewCanvas *> &paneCanvases) {
-            for (const IndicatorRequest &request : qAsConst(overlays))
-                add(chart, request, false);
-            for (int i = 0; i < panes.size(); ++i)
-                for (int k = 0; k < panes.at(i).size(); ++k)
-                    add(*paneCanvases.at(i), panes.at(i).at(k), k == 0);
-        });
+    session.setChartType(chartType);
+    session.setColoured(colored);
+    session.geometry()->setZoom(zoomValue);
+    session.priceLayer()->setLabel(QFileInfo(path).completeBaseName());
+    for (const IndicatorRequest &request : qAsConst(overlays))
+        session.addIndicator(session.chart(), request.id, false, request.params);
+    for (const QList<IndicatorRequest> &pane : qAsConst(panes)) {
+        OrdaneView::ViewCanvas *canvas = session.addPane();
+        for (int k = 0; k < pane.size(); ++k)
+            session.addIndicator(canvas, pane.at(k).id, k == 0, pane.at(k).params);
+    }
+    const QImage image = OrdaneView::renderChart(session, picture);
 
     QSaveFile file(parser.value(out));
     if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {

@@ -253,6 +253,8 @@ const std::vector<IndicatorEntry> kCatalogue = {
      &computeEnvelopes},
     {"BollingerBands",
      "Bollinger Bands",
+     // The shipped template's "Devitation" is a slip of the saved format that no indicator
+     // reads; keep both spellings as they are.
      {{"Period", 20}, {"Deviation", 2}},
      {{"BollingerBandsMiddle", Qt::yellow},
       {"BollingerBandsUpper", Qt::cyan},

@@ -15,7 +15,7 @@
 namespace OrdaneView {
 
 IndicatorLayer::IndicatorLayer(ViewCanvas *view, QObject *parent)
-    : ChartLayer(view, parent)
+    : ComputedLayer(view, parent)
 {}
 
 IndicatorLayer::~IndicatorLayer() = default;
@@ -70,16 +70,6 @@ int IndicatorLayer::firstVisiblePosition() const
 QVector<float> IndicatorLayer::bufferData(const QString &name) const
 {
     return mBuffers.value(name).data;
-}
-
-void IndicatorLayer::setParameter(const QString &name, float value)
-{
-    mParameters[name] = value;
-}
-
-float IndicatorLayer::parameter(const QString &name, float fallback) const
-{
-    return mParameters.value(name, fallback);
 }
 
 void IndicatorLayer::addLevel(float value, const QString &colour)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "indicatorbuffer.h"
-#include "view/chartlayer.h"
+#include "view/computedlayer.h"
 
 #include <QMap>
 #include <QPair>
@@ -17,7 +17,7 @@ struct IndicatorEntry;
 //
 // Painting enters through draw(), which hands over to drawIndicator() (an indicator shows
 // no price box of its own).
-class IndicatorLayer : public ChartLayer
+class IndicatorLayer : public ComputedLayer
 {
     Q_OBJECT
 
@@ -26,15 +26,14 @@ public:
     ~IndicatorLayer() override;
 
     // Sets the label from the parameters and prepares the buffers.
-    Q_INVOKABLE virtual void init();
+    void init() override;
     // Computes every buffer from the series.
-    Q_INVOKABLE virtual void start();
-    // Releases what start() set up.
-    Q_INVOKABLE virtual void deinit();
+    void start() override;
+    void deinit() override;
     // Paints the buffers, the scale (when master) and any extras.
     virtual void drawIndicator(QPainter &painter);
     // The identifier, such as "RSI".
-    virtual QString name() const;
+    QString name() const override;
     // Search of parameter values against past data; most indicators have none.
     virtual void calibrate();
     // A trading simulation with the current parameters; most indicators have none.
@@ -47,11 +46,6 @@ public:
     Q_INVOKABLE int firstVisiblePosition() const;
     // A copy of a buffer's data; empty for an unknown name.
     Q_INVOKABLE QVector<float> bufferData(const QString &name) const;
-    // Sets a parameter, adding it when new.
-    Q_INVOKABLE void setParameter(const QString &name, float value);
-
-    const QMap<QString, float> &parameters() const { return mParameters; }
-    float parameter(const QString &name, float fallback = 0) const;
     QMap<QString, IndicatorBuffer> &buffers() { return mBuffers; }
     const QMap<QString, IndicatorBuffer> &buffers() const { return mBuffers; }
     QMap<int, QColor> &barColours() { return mBarColours; }
@@ -79,7 +73,6 @@ protected:
     int plotWidthOf() const { return width() - rightMarginWidth(); }
 
 private:
-    QMap<QString, float> mParameters;
     QMap<QString, IndicatorBuffer> mBuffers;
     QMap<int, QColor> mBarColours;
     QString mFullName;

@@ -1,15 +1,14 @@
 #include "chartrenderer.h"
 
 #include "chartgeometry.h"
+#include "chartsession.h"
 #include "data/reader.h"
 #include "dateaxis.h"
 
 #include <QPainter>
 
 #include <algorithm>
-#include <memory>
 #include <numeric>
-#include <vector>
 
 namespace OrdaneView {
 
@@ -42,55 +41,31 @@ QList<int> shareHeights(int views, int panes, const QList<int> &heights)
 }
 } // namespace
 
-QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &picture,
-                   const PopulateChart &populate)
+QImage renderChart(ChartSession &session, const ChartPicture &picture)
 {
+    const ViewColors &colors = session.colors();
     QImage image(picture.size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::black);
     const int width = picture.size.width();
     const int views = picture.size.height() - DateAxis::kHeight;
-    const int panes = std::max(picture.panes, 0);
-    const QList<int> paneHeights = shareHeights(views, panes, picture.heights);
+    const QList<ViewCanvas *> &panes = session.panes();
+    const QList<int> paneHeights = shareHeights(views, panes.size(), picture.heights);
     const int panesTotal = std::accumulate(paneHeights.cbegin(), paneHeights.cend(), 0);
 
-    ChartGeometry geometry;
-    geometry.setZoom(picture.zoom);
-    const auto makeCanvas = [&](int height) {
-        auto *canvas = new ViewCanvas(&geometry);
-        canvas->setColors(picture.colors);
-        canvas->setLocale(picture.locale);
-        canvas->setSeparatorMode(picture.separators);
-        canvas->setSize(QSize(width, height));
-        canvas->setGrid(picture.grid);
-        return canvas;
-    };
-    std::unique_ptr<ViewCanvas> chart(makeCanvas(views - panesTotal));
-    chart->setColoured(picture.colored);
-    QList<ViewCanvas *> paneCanvases;
-    std::vector<std::unique_ptr<ViewCanvas>> owned;
-    for (int i = 0; i < panes; ++i) {
-        owned.emplace_back(makeCanvas(paneHeights.at(i)));
-        paneCanvases.append(owned.back().get());
-    }
-
-    Layer *price = createPriceLayer(picture.type, chart.get());
-    price->setLabel(picture.label);
-    chart->addLayer(price);
-    chart->setMasterLayer(price);
-    chart->setReader(series);
-    for (ViewCanvas *pane : qAsConst(paneCanvases))
-        pane->setReader(series);
-    if (populate)
-        populate(*chart, paneCanvases);
-    const int count = series.isNull() ? 0 : series->count();
-    geometry.setFirstVisible(picture.first >= 0 ? picture.first
-                                                : geometry.lastPage(chart->plotWidth(), count));
+    ViewCanvas *chart = session.chart();
+    chart->setSize(QSize(width, views - panesTotal));
+    for (int i = 0; i < panes.size(); ++i)
+        panes.at(i)->setSize(QSize(width, paneHeights.at(i)));
+    ChartGeometry &geometry = *session.geometry();
+    geometry.setFirstVisible(picture.first >= 0
+                                 ? picture.first
+                                 : geometry.lastPage(chart->plotWidth(), session.barCount()));
 
     QPainter painter(&image);
     chart->paint(painter);
     int top = chart->size().height();
-    QColor edge = picture.colors.grid.isValid() ? picture.colors.grid.lighter(170) : Qt::gray;
-    for (ViewCanvas *pane : qAsConst(paneCanvases)) {
+    const QColor edge = colors.grid.isValid() ? colors.grid.lighter(170) : QColor(Qt::gray);
+    for (ViewCanvas *pane : panes) {
         painter.save();
         painter.translate(0, top);
         pane->paint(painter);
@@ -99,9 +74,10 @@ QImage renderChart(const OrdaneData::ReaderH &series, const ChartPicture &pictur
         painter.restore();
         top += pane->size().height();
     }
+    const OrdaneData::ReaderH &series = session.reader();
     DateAxis::paint(painter, QRect(0, top, width, DateAxis::kHeight),
-                    series.isNull() ? nullptr : series.reader(), geometry,
-                    picture.colors.background, chart->font(), picture.locale);
+                    series.isNull() ? nullptr : series.reader(), geometry, colors.background,
+                    chart->font(), chart->locale());
     return image;
 }
 

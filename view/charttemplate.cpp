@@ -171,6 +171,7 @@ bool parseTemplate(const QByteArray &xml, ChartTemplate *out, QString *error)
     if (!e.isNull())
         t.timeFrame = timeFrameOfWord(e.text());
     readInt(child(root, "Zoom"), &t.zoom);
+    // The element is spelled so in the saved format; keep.
     e = child(root, "BackgrounColor");
     if (!e.isNull()) {
         const QColor c(e.text().trimmed());

@@ -1,6 +1,7 @@
 #include "viewcanvas.h"
 
 #include "chartgeometry.h"
+#include "computedlayer.h"
 #include "data/error.h"
 #include "data/reader.h"
 #include "gridlayer.h"
@@ -64,6 +65,15 @@ void ViewCanvas::replaceLayer(Layer *old, Layer *layer)
     insertLayer(index < 0 ? mLayers.size() : index, layer);
     if (wasMaster)
         mMaster = layer;
+}
+
+QList<ComputedLayer *> ViewCanvas::indicators() const
+{
+    QList<ComputedLayer *> list;
+    for (Layer *layer : mLayers)
+        if (auto *indicator = qobject_cast<ComputedLayer *>(layer))
+            list.append(indicator);
+    return list;
 }
 
 void ViewCanvas::setGrid(bool on)

@@ -14,6 +14,7 @@ class QPainter;
 namespace OrdaneView {
 
 class ChartGeometry;
+class ComputedLayer;
 class GridLayer;
 class Layer;
 
@@ -48,6 +49,9 @@ public:
     bool removeLayer(Layer *layer);
     // Puts `layer` in the place of `old` (deleted), keeping its stack position.
     void replaceLayer(Layer *old, Layer *layer);
+
+    // The indicators in the stack, bottom first.
+    QList<ComputedLayer *> indicators() const;
 
     Layer *masterLayer() const { return mMaster; }
     void setMasterLayer(Layer *layer) { mMaster = layer; }

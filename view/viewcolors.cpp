@@ -1,6 +1,11 @@
 #include "viewcolors.h"
 
-#include <QSettings>
+#include "core/setting.h"
+
+#include <QVariant>
+
+#include <algorithm>
+#include <cmath>
 
 namespace OrdaneView {
 
@@ -90,41 +95,44 @@ ViewColors ViewColors::scheme(Scheme s)
     return fromRow({}, true);
 }
 
+namespace {
+// A colour parameter's key with no default: an empty text means the fallback.
+QMWidgets::Setting<QString> stored(ViewColors::Parameter p)
+{
+    return {ViewColors::key(p), QString()};
+}
+} // namespace
+
 ViewColors ViewColors::load()
 {
     const ViewColors fb = fallback();
     ViewColors c = fb;
-    QSettings settings;
     for (int i = 0; i < ParameterCount; ++i) {
         const auto p = Parameter(i);
-        const QVariant v = settings.value(key(p));
-        if (p == ThreeD) {
-            c.threeD = v.isValid() && !v.toString().isEmpty() ? v.toBool() : fb.threeD;
-            continue;
-        }
-        const QString text = v.toString();
-        c.setColor(p, text.isEmpty() ? fb.color(p) : QColor(text));
+        const QString text = stored(p).value();
+        if (p == ThreeD)
+            c.threeD = text.isEmpty() ? fb.threeD : QVariant(text).toBool();
+        else
+            c.setColor(p, text.isEmpty() ? fb.color(p) : QColor(text));
     }
     return c;
 }
 
 void ViewColors::save() const
 {
-    QSettings settings;
     for (int i = 0; i < ParameterCount; ++i) {
         const auto p = Parameter(i);
         if (p == ThreeD)
-            settings.setValue(key(p), threeD);
+            QMWidgets::Setting<bool>{key(p), true}.setValue(threeD);
         else
-            settings.setValue(key(p), color(p).name());
+            stored(p).setValue(color(p).name());
     }
 }
 
 void ViewColors::resetToDefault()
 {
-    QSettings settings;
-    const auto put = [&](Parameter p, Qt::GlobalColor c) {
-        settings.setValue(key(p), QColor(c).name());
+    const auto put = [](Parameter p, Qt::GlobalColor c) {
+        stored(p).setValue(QColor(c).name());
     };
     put(Line, Qt::white);
     put(UpBar, Qt::blue);
@@ -139,7 +147,52 @@ void ViewColors::resetToDefault()
     put(MarginNumbers, Qt::cyan);
     put(Grid, Qt::lightGray);
     put(Background, Qt::darkBlue);
-    settings.setValue(key(ThreeD), true);
+    QMWidgets::Setting<bool>{key(ThreeD), true}.setValue(true);
+}
+
+double ViewColors::contrast(const QColor &a, const QColor &b)
+{
+    // Relative luminance of sRGB, as WCAG 2 defines it.
+    const auto luminance = [](const QColor &c) {
+        const auto channel = [](double v) {
+            return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * channel(c.redF()) + 0.7152 * channel(c.greenF()) +
+               0.0722 * channel(c.blueF());
+    };
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+ViewColors ViewColors::onBackground(const QColor &newBackground) const
+{
+    // Below this ratio a thin line or small text is hard to make out.
+    constexpr double kReadable = 1.8;
+    ViewColors c = *this;
+    c.background = newBackground;
+    if (!newBackground.isValid() || newBackground == background)
+        return c;
+    // The grid is meant to be faint, so it is left as it is.
+    for (Parameter p :
+         {Line, UpBar, DownBar, UpCandle, DownCandle, UpCandleBorder, DownCandleBorder, Label}) {
+        const QColor old = color(p);
+        if (!old.isValid())
+            continue;
+        if (old == background) {
+            c.setColor(p, newBackground);
+        } else if (contrast(old, newBackground) < kReadable) {
+            const QColor hsl = old.toHsl();
+            QColor flipped = QColor::fromHslF(std::max(hsl.hslHueF(), 0.0), hsl.hslSaturationF(),
+                                              1.0 - hsl.lightnessF(), hsl.alphaF());
+            // A colour of middle lightness stays near the middle when flipped.
+            if (contrast(flipped, newBackground) < kReadable)
+                flipped = contrast(Qt::white, newBackground) > contrast(Qt::black, newBackground)
+                              ? QColor(Qt::white)
+                              : QColor(Qt::black);
+            c.setColor(p, flipped);
+        }
+    }
+    return c;
 }
 
 bool ViewColors::operator==(const ViewColors &o) const

@@ -68,6 +68,15 @@ struct ViewColors
     // palette of its own, not the default scheme.
     static void resetToDefault();
 
+    // These colours on another plot background, kept readable: what was painted in the old
+    // background colour (hollow candle bodies) takes the new one, and every other colour
+    // painted on the plot (lines, bars, candle bodies, wicks and borders, labels, grid) that
+    // would be hard to tell from the new background takes its opposite lightness. The scale
+    // strip keeps its colours; it has a background of its own.
+    ViewColors onBackground(const QColor &background) const;
+    // WCAG's contrast ratio of two colours: 1 (the same lightness) to 21 (black on white).
+    static double contrast(const QColor &a, const QColor &b);
+
     bool operator==(const ViewColors &o) const;
     bool operator!=(const ViewColors &o) const { return !(*this == o); }
 };

@@ -1,8 +1,8 @@
 #include "app.h"
 
-#include "reminders.h"
-#include "translationsmanager.h"
-#include "updater.h"
+#include "core/reminders.h"
+#include "core/translationsmanager.h"
+#include "core/updater.h"
 
 namespace QMWidgets {
 

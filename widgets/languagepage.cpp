@@ -1,9 +1,9 @@
 #include "languagepage.h"
 
 #include "app.h"
-#include "language.h"
-#include "setting.h"
-#include "translationsmanager.h"
+#include "core/language.h"
+#include "core/setting.h"
+#include "core/translationsmanager.h"
 
 #include <QComboBox>
 #include <QFormLayout>

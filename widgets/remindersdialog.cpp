@@ -1,6 +1,6 @@
 #include "remindersdialog.h"
 
-#include "reminders.h"
+#include "core/reminders.h"
 
 #include <QDateTimeEdit>
 #include <QDialogButtonBox>

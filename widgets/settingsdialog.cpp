@@ -1,6 +1,6 @@
 #include "settingsdialog.h"
 
-#include "setting.h"
+#include "core/setting.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "updater.h"
+#include "core/updater.h"
 
 #include <QDialog>
 

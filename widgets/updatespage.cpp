@@ -1,7 +1,7 @@
 #include "updatespage.h"
 
-#include "setting.h"
-#include "updater.h"
+#include "core/setting.h"
+#include "core/updater.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

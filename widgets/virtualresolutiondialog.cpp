@@ -1,6 +1,6 @@
 #include "virtualresolutiondialog.h"
 
-#include "virtualresolution.h"
+#include "core/virtualresolution.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

@@ -4,6 +4,7 @@
 #include "indicators/catalogue.h"
 #include "userexpert.h"
 #include "userindicator.h"
+#include "view/viewcanvas.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -51,6 +52,29 @@ IndicatorLayer *createExpert(const QString &id, const OrdaneData::ReaderH &reade
     auto *expert = new UserExpert(path, view);
     expert->setReader(reader);
     return expert;
+}
+
+ComputedLayer *IndicatorFactory::createIndicator(const QString &id, ViewCanvas *canvas) const
+{
+    return OrdaneView::createIndicator(id, canvas ? canvas->reader() : OrdaneData::ReaderH(),
+                                       canvas);
+}
+
+ComputedLayer *IndicatorFactory::createScript(const QString &path, bool expert,
+                                              ViewCanvas *canvas) const
+{
+    if (!QFileInfo(path).isFile())
+        return nullptr;
+    UserIndicator *script = expert ? new UserExpert(path, canvas) : new UserIndicator(path, canvas);
+    if (canvas)
+        script->setReader(canvas->reader());
+    return script;
+}
+
+void IndicatorFactory::install()
+{
+    static const IndicatorFactory factory;
+    IndicatorSource::install(&factory);
 }
 
 } // namespace OrdaneView

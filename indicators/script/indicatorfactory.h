@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/readerh.h"
+#include "view/indicatorsource.h"
 
 #include <QString>
 
@@ -23,5 +24,17 @@ IndicatorLayer *createExpert(const QString &id, const OrdaneData::ReaderH &reade
 
 // The script file an identifier names in `folder`, or an empty text.
 QString scriptFileFor(const QString &id, const QString &folder);
+
+// The factory above as the views' source of indicators.
+class IndicatorFactory : public IndicatorSource
+{
+public:
+    ComputedLayer *createIndicator(const QString &id, ViewCanvas *canvas) const override;
+    ComputedLayer *createScript(const QString &path, bool expert,
+                                ViewCanvas *canvas) const override;
+
+    // Installs one for the whole process (see IndicatorSource::install).
+    static void install();
+};
 
 } // namespace OrdaneView

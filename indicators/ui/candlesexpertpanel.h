@@ -1,6 +1,6 @@
 #pragma once
 
-#include "indicators/patterns/candlepattern.h"
+#include "view/patterns/candlepattern.h"
 
 #include <QList>
 #include <QWidget>

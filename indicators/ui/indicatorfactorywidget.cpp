@@ -4,6 +4,7 @@
 #include "indicators/catalogue.h"
 #include "indicators/script/newindicator.h"
 #include "scripteditor.h"
+#include "view/ui/view.h"
 
 #include <QAction>
 #include <QDir>
@@ -142,7 +143,7 @@ void IndicatorFactoryWidget::addEntry(const QString &id, const QString &text,
 
 QStringList IndicatorFactoryWidget::mimeTypes() const
 {
-    return {QLatin1String(kMimeType)};
+    return {QLatin1String(View::kIndicatorsMimeType)};
 }
 
 QMimeData *IndicatorFactoryWidget::mimeData(const QList<QListWidgetItem *> items) const
@@ -155,7 +156,7 @@ QMimeData *IndicatorFactoryWidget::mimeData(const QList<QListWidgetItem *> items
     for (const QListWidgetItem *entry : qAsConst(sorted))
         ids << entry->data(Qt::UserRole).toString();
     auto *mime = new QMimeData;
-    mime->setData(QLatin1String(kMimeType), ids.join(QLatin1Char('\n')).toUtf8());
+    mime->setData(QLatin1String(View::kIndicatorsMimeType), ids.join(QLatin1Char('\n')).toUtf8());
     return mime;
 }
 

@@ -17,7 +17,8 @@ class ScriptEditor;
 //
 // Activating an entry (double-click, Return) emits addIndicators() with its identifier;
 // the context menu adds the selected entries in a new pane or to the chart. Dragging
-// entries carries their identifiers as kMimeType.
+// entries carries their identifiers as View::kIndicatorsMimeType, which the chart views
+// accept.
 //
 // Below the list's own actions the context menu offers the script commands: a new
 // indicator made from the starter script, editing the selected ".js" file and deleting
@@ -28,9 +29,6 @@ class IndicatorFactoryWidget : public QListWidget
     Q_OBJECT
 
 public:
-    // Drag data: the identifiers joined by "\n", UTF-8.
-    static constexpr char kMimeType[] = "application/x-halcyra-indicators";
-
     explicit IndicatorFactoryWidget(QWidget *parent = nullptr);
 
     // The identifiers of the selected entries, in list order.

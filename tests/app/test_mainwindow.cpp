@@ -6,11 +6,11 @@
 #include "browser/stocklist.h"
 #include "browser/storagebrowser.h"
 #include "data/reader.h"
-#include "indicators/candlespatternlayer.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
 #include "support/testsettings.h"
+#include "view/candlespatternlayer.h"
 #include "view/charttemplate.h"
 #include "view/ui/chartview.h"
 #include "view/ui/viewscontainer.h"
@@ -200,6 +200,10 @@ void TestMainWindow::templatesKeptBetweenRuns()
 
     mWindow->docks().at(2)->hide();
     mWindow->resize(1111, 777);
+    QDockWidget *browser = mWindow->docks().at(1);
+    mWindow->resizeDocks({browser}, {290}, Qt::Horizontal);
+    QTRY_VERIFY(std::abs(browser->width() - 290) < 4);
+    const int browserWidth = browser->width();
     const ChartTemplate before = mWindow->viewsContainer()->currentTemplate();
     // Unlike the week template of a first start, or keeping it would prove nothing.
     QVERIFY(before.timeFrame != int(OrdaneData::Week));
@@ -212,6 +216,8 @@ void TestMainWindow::templatesKeptBetweenRuns()
     QCOMPARE(after.panes, before.panes);
     QVERIFY(!mWindow->docks().at(2)->isVisible());
     QCOMPARE(mWindow->size(), QSize(1111, 777));
+    QTest::qWait(50);
+    QCOMPARE(mWindow->docks().at(1)->width(), browserWidth);
 
     // A broken record of the last set-up falls back to the week template.
     delete mWindow;

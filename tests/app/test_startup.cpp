@@ -1,10 +1,10 @@
 // Start-up: the language choice, the style sheet and the translations it installs.
 
 #include "app/startup.h"
+#include "core/language.h"
+#include "core/setting.h"
+#include "core/translationsmanager.h"
 #include "support/testsettings.h"
-#include "widgets/language.h"
-#include "widgets/setting.h"
-#include "widgets/translationsmanager.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -3,9 +3,9 @@
 // chosen patterns, strengths and blending, and where the marks are drawn.
 
 #include "data/reader.h"
-#include "indicators/candlespatternlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "support/testsettings.h"
+#include "view/candlespatternlayer.h"
 #include "view/chartgeometry.h"
 #include "view/chartlayer.h"
 #include "view/viewcanvas.h"

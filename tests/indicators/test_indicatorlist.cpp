@@ -4,6 +4,7 @@
 #include "data/home.h"
 #include "indicators/catalogue.h"
 #include "indicators/ui/indicatorfactorywidget.h"
+#include "view/ui/view.h"
 
 #include <QAction>
 #include <QDir>
@@ -165,7 +166,7 @@ void TestIndicatorList::dragCarriesIdentifiers()
     touch(OrdaneData::Home::userIndicatorsPath() + QLatin1Char('/') + script);
     IndicatorFactoryWidget list;
     QVERIFY(list.dragEnabled());
-    const QString format = QLatin1String(IndicatorFactoryWidget::kMimeType);
+    const QString format = QLatin1String(View::kIndicatorsMimeType);
     QCOMPARE(format, QStringLiteral("application/x-halcyra-indicators"));
     QCOMPARE(list.model()->mimeTypes(), QStringList(format));
 

@@ -5,6 +5,7 @@
 #include "data/reader.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/script/userindicator.h"
+#include "indicators/ui/indicatordialogs.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
 #include "support/messagebox.h"
 #include "support/testsettings.h"
@@ -32,6 +33,16 @@
 #include <cmath>
 
 using namespace OrdaneView;
+
+namespace {
+QList<IndicatorLayer *> indicatorsIn(const View *view)
+{
+    QList<IndicatorLayer *> list;
+    for (ComputedLayer *layer : view->indicators())
+        list << qobject_cast<IndicatorLayer *>(layer);
+    return list;
+}
+} // namespace
 
 class TestContainer : public QObject
 {
@@ -67,6 +78,7 @@ private:
 void TestContainer::initTestCase()
 {
     QVERIFY(TestSupport::useTestHome(mHome.path()));
+    installIndicators();
 }
 
 void TestContainer::init()
@@ -256,21 +268,22 @@ void TestContainer::settingsPage()
 
 void TestContainer::indicatorPanesAndOverlays()
 {
-    QString warning;
-    TestSupport::answerNextMessageBox(&warning);
+    QSignalSpy messages(mContainer, &ViewsContainer::message);
     mContainer->slotTriggerNewIndicatorView(
         {QStringLiteral("RSI"), QStringLiteral("Nope"), QStringLiteral("MACD")});
-    QCOMPARE(warning, QStringLiteral("Unknown indicator: Nope"));
+    QCOMPARE(messages.takeFirst().at(0).toString(), QStringLiteral("Unknown indicator: Nope"));
     QList<View *> views = mContainer->views();
     QCOMPARE(views.size(), 3);
     auto *rsiPane = views.at(1);
     QCOMPARE(rsiPane->indicators().size(), 1);
-    IndicatorLayer *rsi = rsiPane->indicators().first();
+    IndicatorLayer *rsi = indicatorsIn(rsiPane).first();
     QVERIFY(rsi->isMaster());
     QCOMPARE(rsi->label(), QStringLiteral("RSI(7,70,30)"));
     QCOMPARE(rsi->bufferData(QStringLiteral("RSI")).size(), mContainer->reader()->count());
 
-    mContainer->slotTriggerChartIndicators({QStringLiteral("SMA")});
+    // The same report, whichever way an unknown name comes.
+    mContainer->slotTriggerChartIndicators({QStringLiteral("SMA"), QStringLiteral("Nope")});
+    QCOMPARE(messages.takeFirst().at(0).toString(), QStringLiteral("Unknown indicator: Nope"));
     QCOMPARE(mContainer->chartView()->indicators().size(), 1);
     QVERIFY(!mContainer->chartView()->indicators().first()->isMaster());
 
@@ -278,7 +291,7 @@ void TestContainer::indicatorPanesAndOverlays()
     mContainer->slotSetWeekFrameMode();
     QCOMPARE(rsi->bufferData(QStringLiteral("RSI")).size(), mContainer->reader()->count());
     QCOMPARE(
-        mContainer->chartView()->indicators().first()->bufferData(QStringLiteral("SMA")).size(),
+        indicatorsIn(mContainer->chartView()).first()->bufferData(QStringLiteral("SMA")).size(),
         mContainer->reader()->count());
 
     // Properties change a parameter by name and recompute.
@@ -327,11 +340,11 @@ void TestContainer::templatesReplaceTheSetUp()
     QVERIFY(!mContainer->chartView()->canvas()->isColoured());
     QCOMPARE(mContainer->views().at(2)->canvas()->colors().background, t.background);
 
-    IndicatorLayer *sma = mContainer->chartView()->indicators().value(0);
+    IndicatorLayer *sma = indicatorsIn(mContainer->chartView()).value(0);
     QVERIFY(sma);
     QCOMPARE(sma->label(), QStringLiteral("SMA(50)"));
     QCOMPARE(sma->bufferData(QStringLiteral("SMA")).size(), mContainer->reader()->count());
-    const QList<IndicatorLayer *> macdPane = mContainer->views().at(1)->indicators();
+    const QList<ComputedLayer *> macdPane = mContainer->views().at(1)->indicators();
     QCOMPARE(macdPane.size(), 2);
     QVERIFY(macdPane.at(0)->isMaster());
     QCOMPARE(macdPane.at(0)->parameter(QStringLiteral("SlowEMA")), 35.0f);
@@ -364,14 +377,24 @@ void TestContainer::templatesReplaceTheSetUp()
     const QString path = mHome.filePath(QStringLiteral("saved.tt"));
     QVERIFY(mContainer->saveTemplate(path));
     QSignalSpy changed(mContainer, &ViewsContainer::templateChanged);
+    QSignalSpy messages(mContainer, &ViewsContainer::message);
     QVERIFY(mContainer->slotSetTemplate(path));
     QCOMPARE(changed.count(), 1);
+    QVERIFY(messages.isEmpty());
+    // Names left out are told after the template is announced, so the status bar keeps them.
+    t.splitter.clear();
+    QVERIFY(writeTemplateFile(path, t));
+    connect(mContainer, &ViewsContainer::templateChanged, &messages,
+            [&messages] { QVERIFY(messages.isEmpty()); });
+    QVERIFY(mContainer->slotSetTemplate(path));
+    QCOMPARE(messages.takeFirst().at(0).toString(),
+             QStringLiteral("Unknown indicators left out: NoSuchThing, Nope"));
     QTRY_COMPARE(mContainer->views().size(), 3);
     QString warning;
     TestSupport::answerNextMessageBox(&warning);
     QVERIFY(!mContainer->slotSetTemplate(mHome.filePath(QStringLiteral("missing.tt"))));
-    QVERIFY(warning.contains(QLatin1String("missing.tt")));
-    QCOMPARE(changed.count(), 1);
+    QCOMPARE(warning.count(QLatin1String("missing.tt")), 1);
+    QCOMPARE(changed.count(), 2);
     QCOMPARE(mContainer->views().size(), 3);
 }
 
@@ -437,7 +460,7 @@ void TestContainer::scriptIndicators()
     t.panes = {{{QStringLiteral("Lag.js"), {{QStringLiteral("Bars"), 5}}}}};
     QVERIFY(mContainer->applyTemplate(t).isEmpty());
     QCOMPARE(mContainer->views().size(), 2);
-    IndicatorLayer *lag = mContainer->views().at(1)->indicators().value(0);
+    IndicatorLayer *lag = indicatorsIn(mContainer->views().at(1)).value(0);
     QVERIFY(qobject_cast<UserIndicator *>(lag));
     QCOMPARE(lag->bufferData(QStringLiteral("Lag")).mid(0, 6).indexOf(0.0f, 5), -1);
     QCOMPARE(lag->bufferData(QStringLiteral("Lag")).at(5), mContainer->reader()->bar(0).close());
@@ -467,4 +490,18 @@ void TestContainer::scriptIndicators()
                                 mHome.filePath(QStringLiteral("None.js")));
     QVERIFY(warning.contains(QLatin1String("None.js")));
     QCOMPARE(mContainer->views().size(), 3);
+
+    // A run that fails (the script reports why itself) leaves no pane and no overlay behind.
+    const int overlays = mContainer->chartView()->indicators().size();
+    for (const char *source : {"function start() { throw 'broken'; }", "function start( {"}) {
+        QFile broken(
+            QDir(OrdaneData::Home::userIndicatorsPath()).filePath(QStringLiteral("Broken.js")));
+        QVERIFY(broken.open(QIODevice::WriteOnly));
+        broken.write(source);
+        broken.close();
+        mContainer->slotTriggerNewIndicatorView({QStringLiteral("Broken.js")});
+        mContainer->slotTriggerChartIndicators({QStringLiteral("Broken.js")});
+        QCOMPARE(mContainer->views().size(), 3);
+        QCOMPARE(mContainer->chartView()->indicators().size(), overlays);
+    }
 }

@@ -158,6 +158,21 @@ void TestViewModel::schemes()
     QCOMPARE(QSettings().value(QStringLiteral("ViewParameters/Line")).toString(),
              QStringLiteral("#00ff00"));
     QCOMPARE(ViewColors::load(), matrix);
+
+    // A template's own background keeps the chart readable: on black, the black-on-white
+    // scheme's text, wicks and falling bodies turn light, and rising bodies stay hollow.
+    const ViewColors onBlack = bw.onBackground(Qt::black);
+    QCOMPARE(onBlack.background, QColor(Qt::black));
+    for (auto p : {ViewColors::Label, ViewColors::Line, ViewColors::UpCandleBorder,
+                   ViewColors::DownCandleBorder, ViewColors::DownCandle, ViewColors::DownBar})
+        QVERIFY2(ViewColors::contrast(onBlack.color(p), Qt::black) > 4,
+                 qPrintable(ViewColors::key(p)));
+    QCOMPARE(onBlack.upCandle, QColor(Qt::black));
+    QCOMPARE(onBlack.marginNumbers, bw.marginNumbers); // the scale strip keeps its colours
+    // Colours that stand out already, and the same background, are left alone.
+    const ViewColors fallback = ViewColors::fallback();
+    QCOMPARE(fallback.onBackground(QColor(0x10, 0x20, 0x30)).upCandle, fallback.upCandle);
+    QCOMPARE(fallback.onBackground(fallback.background), fallback);
 }
 
 void TestViewModel::separators_data()

@@ -1,11 +1,11 @@
 // Dialogs: editing a stored file, the updater's page.
 
+#include "core/updater.h"
 #include "data/home.h"
 #include "data/quotefile.h"
 #include "data/ui/editcsvdialog.h"
 #include "support/messagebox.h"
 #include "support/testsettings.h"
-#include "widgets/updater.h"
 #include "widgets/updaterpage.h"
 
 #include <QMessageBox>

@@ -1,10 +1,10 @@
 // The settings dialog and its pages, and the virtual resolution.
 
+#include "core/virtualresolution.h"
 #include "support/testsettings.h"
 #include "widgets/languagepage.h"
 #include "widgets/settingsdialog.h"
 #include "widgets/updatespage.h"
-#include "widgets/virtualresolution.h"
 #include "widgets/virtualresolutiondialog.h"
 
 #include <QDialogButtonBox>

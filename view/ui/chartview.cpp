@@ -1,57 +1,61 @@
 #include "chartview.h"
 
-#include "indicators/candlespatternlayer.h"
-#include "indicators/indicatorlayer.h"
-#include "indicators/ui/indicatorpropertiesdialog.h"
+#include "view/candlespatternlayer.h"
+#include "view/chartsession.h"
+#include "view/computedlayer.h"
 
 #include <QInputDialog>
 
 namespace OrdaneView {
 
-ChartView::ChartView(ChartGeometry *geometry, QWidget *parent)
-    : View(geometry, parent)
+ChartView::ChartView(ChartSession *session, QWidget *parent)
+    : View(session, session->chart(), parent)
 {
     setObjectName(QStringLiteral("ChartView"));
-    mPrice = createPriceLayer(mType, canvas());
-    canvas()->addLayer(mPrice);
-    canvas()->setMasterLayer(mPrice);
-    mPatterns = new CandlesPatternLayer(canvas());
-    canvas()->addLayer(mPatterns);
+}
+
+ChartType ChartView::chartType() const
+{
+    return session()->chartType();
+}
+
+Layer *ChartView::priceLayer() const
+{
+    return session()->priceLayer();
+}
+
+CandlesPatternLayer *ChartView::patternLayer() const
+{
+    return session()->patternLayer();
 }
 
 void ChartView::slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns)
 {
-    mPatterns->setRequired(patterns);
+    patternLayer()->setRequired(patterns);
     update();
 }
 
 void ChartView::slotSetCandlePatternStrength(int mask)
 {
-    mPatterns->setStrength(mask);
+    patternLayer()->setStrength(mask);
     update();
 }
 
 void ChartView::slotSetCandlePatternBlending(bool on)
 {
-    mPatterns->setBlending(on);
+    patternLayer()->setBlending(on);
     update();
 }
 
 void ChartView::slotShowCandlePatterns(bool on)
 {
-    mPatterns->setShown(on);
+    patternLayer()->setShown(on);
     update();
 }
 
 void ChartView::setChartType(ChartType type)
 {
-    if (type == mType)
-        return;
-    Layer *layer = createPriceLayer(type, canvas());
-    layer->setLabel(mPrice->label());
-    canvas()->replaceLayer(mPrice, layer);
-    mPrice = layer;
-    mType = type;
+    session()->setChartType(type);
     update();
 }
 
@@ -77,13 +81,13 @@ void ChartView::slotSetBar()
 
 void ChartView::slotProperties()
 {
-    const QList<IndicatorLayer *> overlays = indicators();
+    const QList<ComputedLayer *> overlays = indicators();
     if (overlays.isEmpty()) {
         emit propertiesRequested();
         return;
     }
     QStringList choices{tr("Chart Colours")};
-    for (const IndicatorLayer *indicator : overlays)
+    for (const ComputedLayer *indicator : overlays)
         choices << indicator->label();
     bool ok = false;
     const QString chosen =
@@ -91,15 +95,10 @@ void ChartView::slotProperties()
     const int index = choices.indexOf(chosen);
     if (!ok || index < 0)
         return;
-    if (index == 0) {
+    if (index == 0)
         emit propertiesRequested();
-        return;
-    }
-    IndicatorPropertiesDialog dialog(overlays.at(index - 1), this);
-    if (dialog.exec() == QDialog::Accepted) {
-        update();
-        emit indicatorsChanged();
-    }
+    else
+        editProperties(overlays.at(index - 1));
 }
 
 void ChartView::slotReaderDataChanged()

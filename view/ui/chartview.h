@@ -1,26 +1,26 @@
 #pragma once
 
-#include "indicators/patterns/candlepattern.h"
 #include "view.h"
 #include "view/chartlayer.h"
+#include "view/patterns/candlepattern.h"
 
 namespace OrdaneView {
 
-// The price chart: one price layer (candles, bars, line or empty) as the master layer, the
-// candle-pattern marks over it (hidden until the user activates them), and any chart
-// indicators.
 class CandlesPatternLayer;
 
+// The price chart of a session: its price layer (candles, bars, line or empty) as the master
+// layer, the candle-pattern marks over it (hidden until the user activates them), and any
+// indicators over the prices.
 class ChartView : public View
 {
     Q_OBJECT
 
 public:
-    ChartView(ChartGeometry *geometry, QWidget *parent = nullptr);
+    explicit ChartView(ChartSession *session, QWidget *parent = nullptr);
 
-    ChartType chartType() const { return mType; }
-    Layer *priceLayer() const { return mPrice; }
-    CandlesPatternLayer *patternLayer() const { return mPatterns; }
+    ChartType chartType() const;
+    Layer *priceLayer() const;
+    CandlesPatternLayer *patternLayer() const;
 
 signals:
     void dataChanged();
@@ -31,7 +31,8 @@ public slots:
     void slotSetLine();
     void slotSetBar();
     void slotReaderDataChanged();
-    // The candle-pattern settings of the panel, handed to the pattern layer.
+    // The candle-pattern settings of the panel, handed to the pattern layer. The first is
+    // spelled so in the interface; keep.
     void slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns);
     void slotSetCandlePatternStrength(int mask);
     void slotSetCandlePatternBlending(bool on);
@@ -41,10 +42,6 @@ public slots:
 
 private:
     void setChartType(ChartType type);
-
-    ChartType mType = ChartType::Candle;
-    Layer *mPrice = nullptr;
-    CandlesPatternLayer *mPatterns = nullptr;
 };
 
 } // namespace OrdaneView

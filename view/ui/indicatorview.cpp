@@ -2,8 +2,8 @@
 
 namespace OrdaneView {
 
-IndicatorView::IndicatorView(ChartGeometry *geometry, QWidget *parent)
-    : View(geometry, parent)
+IndicatorView::IndicatorView(ChartSession *session, ViewCanvas *pane, QWidget *parent)
+    : View(session, pane, parent)
 {
     setObjectName(QStringLiteral("IndicatorView"));
 }

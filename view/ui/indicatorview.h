@@ -4,13 +4,14 @@
 
 namespace OrdaneView {
 
-// An indicator pane beneath the price chart; its first layer is the master layer.
+// An indicator pane beneath the price chart, showing one of the session's pane canvases;
+// its first indicator is the master layer.
 class IndicatorView : public View
 {
     Q_OBJECT
 
 public:
-    IndicatorView(ChartGeometry *geometry, QWidget *parent = nullptr);
+    IndicatorView(ChartSession *session, ViewCanvas *pane, QWidget *parent = nullptr);
 
 signals:
     void dataChanged();

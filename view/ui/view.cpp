@@ -1,10 +1,10 @@
 #include "view.h"
 
 #include "data/reader.h"
-#include "indicators/indicatorlayer.h"
-#include "indicators/ui/indicatorfactorywidget.h"
-#include "indicators/ui/indicatorpropertiesdialog.h"
+#include "indicatoreditor.h"
 #include "view/chartgeometry.h"
+#include "view/chartsession.h"
+#include "view/computedlayer.h"
 
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
@@ -16,9 +16,10 @@
 
 namespace OrdaneView {
 
-View::View(ChartGeometry *geometry, QWidget *parent)
+View::View(ChartSession *session, ViewCanvas *canvas, QWidget *parent)
     : QWidget(parent)
-    , mCanvas(new ViewCanvas(geometry, this))
+    , mSession(session)
+    , mCanvas(canvas)
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::WheelFocus);
@@ -35,15 +36,9 @@ ChartGeometry *View::geometry() const
     return mCanvas->geometry();
 }
 
-void View::setReader(const OrdaneData::ReaderH &reader)
-{
-    mCanvas->setReader(reader);
-    update();
-}
-
 QStringList View::droppedIndicators(const QMimeData *data)
 {
-    const QString format = QLatin1String(IndicatorFactoryWidget::kMimeType);
+    const QString format = QLatin1String(kIndicatorsMimeType);
     if (!data || !data->hasFormat(format))
         return {};
     return QString::fromUtf8(data->data(format)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -64,22 +59,18 @@ void View::dropEvent(QDropEvent *event)
     emit indicatorsDropped(ids);
 }
 
-QList<IndicatorLayer *> View::indicators() const
+QList<ComputedLayer *> View::indicators() const
 {
-    QList<IndicatorLayer *> list;
-    for (Layer *layer : mCanvas->layers())
-        if (auto *indicator = qobject_cast<IndicatorLayer *>(layer))
-            list.append(indicator);
-    return list;
+    return mCanvas->indicators();
 }
 
-IndicatorLayer *View::chooseIndicator(const QString &title)
+ComputedLayer *View::chooseIndicator(const QString &title)
 {
-    const QList<IndicatorLayer *> list = indicators();
+    const QList<ComputedLayer *> list = indicators();
     if (list.size() <= 1)
         return list.value(0);
     QStringList labels;
-    for (const IndicatorLayer *indicator : list)
+    for (const ComputedLayer *indicator : list)
         labels << indicator->label();
     bool ok = false;
     const QString chosen =
@@ -89,11 +80,13 @@ IndicatorLayer *View::chooseIndicator(const QString &title)
 
 void View::slotIndicatorPropertyClicked()
 {
-    IndicatorLayer *indicator = chooseIndicator(tr("Indicator Properties"));
-    if (!indicator)
-        return;
-    IndicatorPropertiesDialog dialog(indicator, this);
-    if (dialog.exec() == QDialog::Accepted) {
+    if (ComputedLayer *indicator = chooseIndicator(tr("Indicator Properties")))
+        editProperties(indicator);
+}
+
+void View::editProperties(ComputedLayer *indicator)
+{
+    if (IndicatorEditor::installed().editProperties(indicator, this)) {
         update();
         emit indicatorsChanged();
     }
@@ -101,17 +94,13 @@ void View::slotIndicatorPropertyClicked()
 
 void View::slotRemoveIndicatorLayer()
 {
-    IndicatorLayer *indicator = chooseIndicator(tr("Remove Indicator"));
+    ComputedLayer *indicator = chooseIndicator(tr("Remove Indicator"));
     if (!indicator)
         return;
-    const bool wasMaster = mCanvas->masterLayer() == indicator;
-    indicator->deinit();
-    mCanvas->removeLayer(indicator);
-    if (wasMaster && !indicators().isEmpty())
-        mCanvas->setMasterLayer(indicators().constFirst());
+    const bool empty = mSession->removeIndicator(mCanvas, indicator);
     update();
     emit indicatorsChanged();
-    if (wasMaster && indicators().isEmpty())
+    if (empty)
         slotClose();
 }
 
@@ -152,10 +141,9 @@ void View::resizeEvent(QResizeEvent *event)
 void View::mouseMoveEvent(QMouseEvent *event)
 {
     const int x = event->pos().x();
-    if (mDragX >= 0) {
+    if (mDragX >= 0)
         scrollBy(mDragFirst + (mDragX - x) / geometry()->zoom() - geometry()->firstVisible());
-        return;
-    }
+    // Also while dragging, so that the pointer information follows the bar under the pointer.
     geometry()->setPointerX(x < mCanvas->plotWidth() ? x : -1);
 }
 

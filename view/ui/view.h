@@ -11,7 +11,8 @@ class QMimeData;
 namespace OrdaneView {
 
 class ChartGeometry;
-class IndicatorLayer;
+class ChartSession;
+class ComputedLayer;
 
 // A view on screen: a widget that shows one canvas (its layers over the shared series and
 // geometry) and turns the mouse and keys into pointer moves, scrolling and zooming.
@@ -23,14 +24,18 @@ class View : public QWidget
     Q_OBJECT
 
 public:
-    View(ChartGeometry *geometry, QWidget *parent = nullptr);
+    // The MIME type of a drag of indicator identifiers, one per line.
+    static constexpr char kIndicatorsMimeType[] = "application/x-halcyra-indicators";
+
+    // Shows `canvas`, one of the session's (the session owns it).
+    View(ChartSession *session, ViewCanvas *canvas, QWidget *parent = nullptr);
     ~View() override;
 
+    ChartSession *session() const { return mSession; }
     ViewCanvas *canvas() const { return mCanvas; }
     ChartGeometry *geometry() const;
-    void setReader(const OrdaneData::ReaderH &reader);
     // The indicators in this view's stack, bottom first.
-    QList<IndicatorLayer *> indicators() const;
+    QList<ComputedLayer *> indicators() const;
     // The identifiers a drag from the indicator list carries; empty for any other drag.
     static QStringList droppedIndicators(const QMimeData *data);
 
@@ -74,9 +79,12 @@ protected:
     virtual void addMenuEntries(QMenu &menu);
     void scrollBy(int bars);
     // One of the indicators, asked of the user when there are several; nullptr if none.
-    IndicatorLayer *chooseIndicator(const QString &title);
+    ComputedLayer *chooseIndicator(const QString &title);
+    // Opens the installed properties dialog of one indicator.
+    void editProperties(ComputedLayer *indicator);
 
 private:
+    ChartSession *mSession;
     ViewCanvas *mCanvas;
     int mDragX = -1;
     int mDragFirst = 0;

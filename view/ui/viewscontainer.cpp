@@ -1,24 +1,23 @@
 #include "viewscontainer.h"
 
+#include "chartexport.h"
 #include "chartview.h"
+#include "core/language.h"
 #include "data/home.h"
-#include "data/quotefile.h"
+#include "data/quotesource.h"
 #include "data/reader.h"
 #include "datetimeview.h"
-#include "indicators/catalogue.h"
-#include "indicators/indicatorlayer.h"
-#include "indicators/script/indicatorfactory.h"
-#include "indicators/script/userexpert.h"
-#include "indicators/ui/scriptdebugger.h"
+#include "indicatoreditor.h"
 #include "indicatorview.h"
 #include "miniview.h"
 #include "scrollbarview.h"
 #include "view/chartgeometry.h"
-#include "view/dateaxis.h"
+#include "view/chartsession.h"
+#include "view/computedlayer.h"
+#include "view/indicatorsource.h"
+#include "view/templatebinding.h"
 #include "viewoperationspanel.h"
 #include "viewparameters.h"
-#include "widgets/language.h"
-#include "widgets/setting.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -29,7 +28,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -37,27 +35,14 @@
 
 namespace OrdaneView {
 
-namespace {
-const QMWidgets::Setting<QString> kLastFolder{QStringLiteral("ViewsContainer/LastFolder"),
-                                              QDir::homePath()};
-
-const char *const kFrameNames[] = {
-    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Daily"),
-    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Weekly"),
-    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Monthly"),
-    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Quarterly"),
-    QT_TRANSLATE_NOOP("OrdaneView::ViewsContainer", "Yearly"),
-};
-} // namespace
-
 ViewsContainer::ViewsContainer(QWidget *parent)
     : QWidget(parent)
-    , mGeometry(new ChartGeometry(this))
+    , mSession(new ChartSession(this))
     , mSource(new OrdaneData::StorageSource(this))
     , mPanel(new ViewOperationsPanel(this))
     , mChartArea(new QWidget(this))
     , mSplitter(new QSplitter(Qt::Vertical, mChartArea))
-    , mChart(new ChartView(mGeometry, mSplitter))
+    , mChart(new ChartView(mSession, mSplitter))
     , mAxis(new DateTimeView(mChart->canvas(), mChartArea))
     , mScroll(new ScrollBarView(this))
     , mMini(new MiniView(mChart->canvas(), this))
@@ -114,23 +99,29 @@ ViewsContainer::ViewsContainer(QWidget *parent)
     connect(mPanel, &ViewOperationsPanel::takePicture, this, &ViewsContainer::slotTakePicture);
     connect(mPanel, &ViewOperationsPanel::saveCsv, this, &ViewsContainer::slotSaveCsv);
 
+    connect(mSession, &ChartSession::paneAdded, this, &ViewsContainer::paneAdded);
+    connect(mSession, &ChartSession::paneRemoved, this, &ViewsContainer::paneRemoved);
+    connect(mSession, &ChartSession::seriesChanged, this, &ViewsContainer::seriesChanged);
+    connect(mSession, &ChartSession::chartTypeChanged, this, [this](ChartType type) {
+        mPanel->showChartType(type);
+        mChart->update();
+    });
+
     connect(mScroll, &ScrollBarView::valueChanged, this, &ViewsContainer::slotSetPosition);
     connect(mMini, &MiniView::positionChanged, this, &ViewsContainer::slotChangePositon);
-    connect(mGeometry, &ChartGeometry::changed, this, &ViewsContainer::geometryChanged);
-    connect(mGeometry, &ChartGeometry::pointerMoved, this, [this] {
+    connect(geometry(), &ChartGeometry::changed, this, &ViewsContainer::geometryChanged);
+    connect(geometry(), &ChartGeometry::pointerMoved, this, [this] {
         mAxis->update();
         if (mChart->canvas()->pointerInfoMode())
             for (View *v : views())
                 v->update();
     });
-    connect(mChart, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
+    connectView(mChart);
     connect(mChart, &View::propertiesRequested, this, &ViewsContainer::showViewSettings);
-    connect(mChart, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
     connect(mChart, &ChartView::dataChanged, mMini, qOverload<>(&QWidget::update));
     mChart->installEventFilter(this);
     // Indicators dropped on the chart go over the prices; dropped anywhere else outside a
     // pane (the date axis, the scroll bar, the tool strip) they get a pane of their own.
-    connect(mChart, &View::indicatorsDropped, this, &ViewsContainer::slotTriggerChartIndicators);
     setAcceptDrops(true);
 
     slotUpdate();
@@ -138,18 +129,64 @@ ViewsContainer::ViewsContainer(QWidget *parent)
 
 ViewsContainer::~ViewsContainer() = default;
 
+ChartGeometry *ViewsContainer::geometry() const
+{
+    return mSession->geometry();
+}
+
+OrdaneData::ReaderH ViewsContainer::reader() const
+{
+    return mSession->reader();
+}
+
+int ViewsContainer::timeFrame() const
+{
+    return mSession->timeFrame();
+}
+
 QList<View *> ViewsContainer::views() const
 {
+    // A removed pane's view lingers in the splitter until it is deleted.
     QList<View *> result;
     for (int i = 0; i < mSplitter->count(); ++i)
         if (auto *v = qobject_cast<View *>(mSplitter->widget(i)))
-            result.append(v);
+            if (v == mChart || mSession->panes().contains(v->canvas()))
+                result.append(v);
     return result;
 }
 
-int ViewsContainer::barCount() const
+int ViewsContainer::plotWidth() const
 {
-    return mReader.isNull() ? 0 : mReader->count();
+    return mChart->canvas()->plotWidth();
+}
+
+void ViewsContainer::connectView(View *view)
+{
+    connect(view, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
+    connect(view, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
+    connect(view, &View::indicatorsDropped, this,
+            [this, view](const QStringList &ids) { addIndicators(view->canvas(), ids); });
+}
+
+void ViewsContainer::paneAdded(ViewCanvas *pane)
+{
+    auto *view = new IndicatorView(mSession, pane);
+    connectView(view);
+    connect(view, &View::closeRequested, this, [this, pane] { mSession->removePane(pane); });
+    mSplitter->addWidget(view);
+}
+
+void ViewsContainer::paneRemoved(ViewCanvas *pane)
+{
+    for (int i = 0; i < mSplitter->count(); ++i) {
+        auto *v = qobject_cast<View *>(mSplitter->widget(i));
+        if (v && v->canvas() == pane) {
+            // Hidden at once, deleted with its canvas once the events that led here are done.
+            v->hide();
+            v->deleteLater();
+        }
+    }
+    updateAll();
 }
 
 void ViewsContainer::updateAll()
@@ -158,22 +195,31 @@ void ViewsContainer::updateAll()
         v->update();
     mAxis->update();
     mMini->update();
-    mScroll->sync(mGeometry->firstVisible(),
-                  mGeometry->visibleCount(mChart->canvas()->plotWidth(), barCount()), barCount());
+    const int count = mSession->barCount();
+    mScroll->sync(geometry()->firstVisible(), geometry()->visibleCount(plotWidth(), count), count);
 }
 
 void ViewsContainer::geometryChanged()
 {
-    const int plot = mChart->canvas()->plotWidth();
-    mAtEnd = mGeometry->firstVisible() >= mGeometry->lastPage(plot, barCount());
+    mAtEnd = geometry()->firstVisible() >= geometry()->lastPage(plotWidth(), mSession->barCount());
     updateAll();
 }
 
 void ViewsContainer::followEnd()
 {
-    mGeometry->setFirstVisible(mGeometry->lastPage(mChart->canvas()->plotWidth(), barCount()));
+    geometry()->setFirstVisible(geometry()->lastPage(plotWidth(), mSession->barCount()));
     mAtEnd = true;
     updateAll();
+}
+
+void ViewsContainer::seriesChanged()
+{
+    mChart->slotReaderDataChanged();
+    mPanel->showTimeFrame(mSession->timeFrame());
+    if (mAtEnd)
+        followEnd();
+    else
+        updateAll();
 }
 
 void ViewsContainer::dragEnterEvent(QDragEnterEvent *event)
@@ -203,33 +249,11 @@ bool ViewsContainer::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-void ViewsContainer::updateLabel()
-{
-    if (mReader.isNull())
-        return;
-    mChart->priceLayer()->setLabel(
-        QStringLiteral("%1  %2").arg(mReader->symbol(), tr(kFrameNames[mFrame])));
-}
-
 void ViewsContainer::slotSetReader(OrdaneData::ReaderH reader)
 {
-    if (!mReader.isNull())
-        disconnect(mReader.reader(), nullptr, this, nullptr);
-    mReader = std::move(reader);
-    // A new series is shown in the frame the chart is in.
-    if (!mReader.isNull() && mReader->timeFrame() != mFrame) {
-        const QSignalBlocker blocker(mReader.reader());
-        mReader->setTimeFrame(mFrame);
-    }
-    for (View *v : views())
-        v->setReader(mReader);
-    if (!mReader.isNull())
-        connect(mReader.reader(), &OrdaneData::Reader::dataChanged, this,
-                &ViewsContainer::slotReaderDataChanged);
-    mPanel->showTimeFrame(mFrame);
-    updateLabel();
-    recomputeIndicators();
-    followEnd();
+    // A new series starts at its newest bars.
+    mAtEnd = true;
+    mSession->setReader(std::move(reader));
 }
 
 void ViewsContainer::slotFetchChartData(const QString &symbol)
@@ -246,40 +270,26 @@ void ViewsContainer::slotFetchChartData(const QString &symbol)
 
 void ViewsContainer::slotFetchChartData()
 {
-    if (mReader.isNull())
-        return;
-    QSignalBlocker blocker(mReader.reader());
-    mReader->fetchSymbol(mReader->symbol());
-    if (mFrame != OrdaneData::Day)
-        mReader->setTimeFrame(mFrame);
-    blocker.unblock();
-    emit mReader->dataChanged();
+    mSession->reload();
 }
 
 void ViewsContainer::slotReaderDataChanged()
 {
-    recomputeIndicators();
-    for (View *v : views())
-        if (auto *chart = qobject_cast<ChartView *>(v))
-            chart->slotReaderDataChanged();
-        else
-            v->update();
-    if (mAtEnd)
-        followEnd();
-    else
-        updateAll();
+    mSession->recompute();
+    seriesChanged();
 }
 
 void ViewsContainer::zoom(bool in)
 {
-    const int plot = mChart->canvas()->plotWidth();
-    const int end = mGeometry->firstVisible() + mGeometry->visibleCount(plot, barCount());
+    ChartGeometry *g = geometry();
+    const int plot = plotWidth();
+    const int end = g->firstVisible() + g->visibleCount(plot, mSession->barCount());
     const bool wasAtEnd = mAtEnd;
-    QSignalBlocker blocker(mGeometry);
-    if (!(in ? mGeometry->zoomIn() : mGeometry->zoomOut()))
+    QSignalBlocker blocker(g);
+    if (!(in ? g->zoomIn() : g->zoomOut()))
         return;
     // Keep the newest shown bar at the right edge.
-    mGeometry->setFirstVisible(end - std::max(plot, 0) / mGeometry->zoom());
+    g->setFirstVisible(end - std::max(plot, 0) / g->zoom());
     blocker.unblock();
     if (wasAtEnd)
         followEnd();
@@ -299,42 +309,40 @@ void ViewsContainer::slotZoomOut()
 
 void ViewsContainer::slotUpdate()
 {
-    const ViewColors colors = ViewColors::load();
-    const QLocale locale = QMWidgets::interfaceLocale();
-    for (View *v : views()) {
-        v->canvas()->setColors(colors);
-        v->canvas()->setLocale(locale);
-    }
+    mSession->setColors(ViewColors::load());
+    mSession->setLocale(QMWidgets::interfaceLocale());
     updateAll();
+}
+
+void ViewsContainer::setChartType(ChartType type)
+{
+    mSession->setChartType(type);
+    mPanel->showChartType(type);
 }
 
 void ViewsContainer::slotSetCandle()
 {
-    mChart->slotSetCandle();
-    mPanel->showChartType(ChartType::Candle);
+    setChartType(ChartType::Candle);
 }
 
 void ViewsContainer::slotSetLine()
 {
-    mChart->slotSetLine();
-    mPanel->showChartType(ChartType::Line);
+    setChartType(ChartType::Line);
 }
 
 void ViewsContainer::slotSetBar()
 {
-    mChart->slotSetBar();
-    mPanel->showChartType(ChartType::Bar);
+    setChartType(ChartType::Bar);
 }
 
 void ViewsContainer::slotSetEmpty()
 {
-    mChart->slotSetEmpty();
-    mPanel->showChartType(ChartType::Empty);
+    setChartType(ChartType::Empty);
 }
 
 void ViewsContainer::slotSetPosition(int position)
 {
-    mGeometry->setFirstVisible(position);
+    geometry()->setFirstVisible(position);
 }
 
 void ViewsContainer::slotChangePositon()
@@ -345,8 +353,7 @@ void ViewsContainer::slotChangePositon()
 void ViewsContainer::slotTriggerPointerInfoMode()
 {
     const bool on = !mChart->canvas()->pointerInfoMode();
-    for (View *v : views())
-        v->canvas()->setPointerInfoMode(on);
+    mSession->setPointerInfoMode(on);
     mPanel->showPointerMode(on);
     updateAll();
 }
@@ -354,25 +361,16 @@ void ViewsContainer::slotTriggerPointerInfoMode()
 void ViewsContainer::slotGrid()
 {
     const bool on = !mChart->canvas()->hasGrid();
-    for (View *v : views())
-        v->canvas()->setGrid(on);
+    mSession->setGrid(on);
     mPanel->showGrid(on);
     updateAll();
 }
 
 void ViewsContainer::setFrame(int frame)
 {
-    mFrame = frame;
-    mPanel->showTimeFrame(frame);
-    if (mReader.isNull())
-        return;
-    {
-        const QSignalBlocker blocker(mReader.reader());
-        mReader->setTimeFrame(frame);
-    }
-    updateLabel();
     mAtEnd = true;
-    emit mReader->dataChanged();
+    mPanel->showTimeFrame(frame);
+    mSession->setTimeFrame(frame);
 }
 
 void ViewsContainer::slotSetDayFrameMode()
@@ -402,8 +400,7 @@ void ViewsContainer::slotSetYearFrameMode()
 
 void ViewsContainer::setSeparators(SeparatorMode mode)
 {
-    for (View *v : views())
-        v->canvas()->setSeparatorMode(mode);
+    mSession->setSeparatorMode(mode);
     mPanel->showSeparatorMode(mode);
     updateAll();
 }
@@ -433,59 +430,42 @@ void ViewsContainer::slotYearSeparatorMode()
     setSeparators(SeparatorMode::Year);
 }
 
-void ViewsContainer::adopt(View *view)
+void ViewsContainer::reportUnknown(const QStringList &ids)
 {
-    ViewCanvas *from = mChart->canvas(), *to = view->canvas();
-    to->setColors(from->colors());
-    to->setLocale(from->locale());
-    to->setGrid(from->hasGrid());
-    to->setPointerInfoMode(from->pointerInfoMode());
-    to->setSeparatorMode(from->separatorMode());
-    view->setReader(mReader);
-    connect(view, &View::zoomRequested, this, [this](int direction) { zoom(direction > 0); });
-    connect(view, &View::indicatorsChanged, this, &ViewsContainer::updateAll);
-    connect(view, &View::closeRequested, this, [this, view] { removeView(view); });
-    connect(view, &View::indicatorsDropped, this, [this, view](const QStringList &ids) {
-        QStringList unknown;
-        for (const QString &id : ids)
-            if (!addIndicator(view, id, false))
-                unknown << id;
-        if (!unknown.isEmpty())
-            emit message(tr("Unknown indicator: %1").arg(unknown.join(QStringLiteral(", "))));
-        updateAll();
-    });
+    if (!ids.isEmpty())
+        emit message(tr("Unknown indicator: %1").arg(ids.join(QStringLiteral(", "))));
 }
 
-void ViewsContainer::removeView(View *view)
+void ViewsContainer::addIndicators(ViewCanvas *canvas, const QStringList &ids)
 {
-    if (view == mChart)
-        return;
-    view->hide();
-    view->deleteLater();
+    QStringList unknown;
+    bool panes = false;
+    for (const QString &id : ids) {
+        ViewCanvas *target = canvas ? canvas : mSession->addPane();
+        ComputedLayer *indicator = mSession->addIndicator(target, id, !canvas);
+        if (!indicator)
+            unknown << id;
+        const bool failed = indicator && indicator->hasFailed();
+        if (failed)
+            mSession->removeIndicator(target, indicator);
+        if (!canvas && (!indicator || failed))
+            mSession->removePane(target);
+        panes = panes || !canvas;
+    }
+    if (panes)
+        sharePaneHeights();
+    reportUnknown(unknown);
     updateAll();
 }
 
-IndicatorLayer *ViewsContainer::addIndicator(View *view, const QString &id, bool master,
-                                             const QMap<QString, float> &parameters)
+void ViewsContainer::slotTriggerNewIndicatorView(const QStringList &ids)
 {
-    IndicatorLayer *indicator = createIndicator(id, mReader, view->canvas());
-    if (indicator)
-        install(view, indicator, master, parameters);
-    return indicator;
+    addIndicators(nullptr, ids);
 }
 
-void ViewsContainer::install(View *view, IndicatorLayer *indicator, bool master,
-                             const QMap<QString, float> &parameters)
+void ViewsContainer::slotTriggerChartIndicators(const QStringList &ids)
 {
-    for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
-        indicator->setParameter(it.key(), it.value());
-    indicator->setReader(mReader);
-    view->canvas()->addLayer(indicator);
-    if (master)
-        view->canvas()->setMasterLayer(indicator);
-    indicator->init();
-    if (!mReader.isNull())
-        indicator->start();
+    addIndicators(mChart->canvas(), ids);
 }
 
 void ViewsContainer::debugScript(const QString &file, bool expert, bool onChart)
@@ -494,16 +474,15 @@ void ViewsContainer::debugScript(const QString &file, bool expert, bool onChart)
         QMessageBox::warning(this, tr("Debugger"), tr("Can not find the script %1").arg(file));
         return;
     }
-    View *view = mChart;
-    if (!onChart) {
-        view = new IndicatorView(mGeometry);
-        adopt(view);
-        mSplitter->addWidget(view);
+    ViewCanvas *canvas = onChart ? mChart->canvas() : mSession->addPane();
+    ComputedLayer *script = IndicatorSource::installed().createScript(file, expert, canvas);
+    if (!script) {
+        if (!onChart)
+            mSession->removePane(canvas);
+        return;
     }
-    UserIndicator *script =
-        expert ? new UserExpert(file, view->canvas()) : new UserIndicator(file, view->canvas());
-    attachDebugger(script);
-    install(view, script, !onChart);
+    IndicatorEditor::installed().attachDebugger(script);
+    mSession->install(canvas, script, !onChart);
     if (!onChart)
         sharePaneHeights();
     updateAll();
@@ -533,147 +512,43 @@ void ViewsContainer::slotDebugChartExpert(const QString &name, const QString &fi
     debugScript(file, true, true);
 }
 
-View *ViewsContainer::addPane(const QList<TemplateIndicator> &indicators, QStringList *unknown)
-{
-    auto *view = new IndicatorView(mGeometry);
-    adopt(view);
-    bool any = false;
-    for (const TemplateIndicator &i : indicators) {
-        if (addIndicator(view, i.name, !any, i.parameters))
-            any = true;
-        else if (unknown)
-            unknown->append(i.name);
-    }
-    if (!any) {
-        delete view;
-        return nullptr;
-    }
-    mSplitter->addWidget(view);
-    return view;
-}
-
 void ViewsContainer::sharePaneHeights()
 {
     // The chart keeps at least half the height; the panes share the rest.
-    const int panes = mSplitter->count() - 1;
+    const int panes = views().size() - 1;
     if (panes < 1)
         return;
     const int total = std::max(mSplitter->height(), 300);
     const int pane = std::min(total / 2 / panes, 160);
-    QList<int> sizes{total - pane * panes};
-    for (int i = 0; i < panes; ++i)
-        sizes << pane;
+    const QList<View *> shown = views();
+    QList<int> sizes;
+    for (int i = 0; i < mSplitter->count(); ++i)
+        sizes << (shown.contains(qobject_cast<View *>(mSplitter->widget(i))) ? pane : 0);
+    sizes[0] = total - pane * panes;
     mSplitter->setSizes(sizes);
 }
 
-void ViewsContainer::slotTriggerNewIndicatorView(const QStringList &ids)
-{
-    QStringList unknown;
-    for (const QString &id : ids)
-        addPane({TemplateIndicator{id, {}}}, &unknown);
-    sharePaneHeights();
-    if (!unknown.isEmpty())
-        QMessageBox::warning(this, tr("Indicator"),
-                             tr("Unknown indicator: %1").arg(unknown.join(QStringLiteral(", "))));
-    updateAll();
-}
-
-void ViewsContainer::slotTriggerChartIndicators(const QStringList &ids)
-{
-    QStringList unknown;
-    for (const QString &id : ids)
-        if (!addIndicator(mChart, id, false))
-            unknown << id;
-    if (!unknown.isEmpty())
-        QMessageBox::warning(this, tr("Indicator"),
-                             tr("Unknown indicator: %1").arg(unknown.join(QStringLiteral(", "))));
-    updateAll();
-}
-
-namespace {
-QList<TemplateIndicator> describe(const QList<IndicatorLayer *> &indicators)
-{
-    QList<TemplateIndicator> list;
-    for (const IndicatorLayer *i : indicators)
-        list.append({i->name(), i->parameters()});
-    return list;
-}
-} // namespace
-
 ChartTemplate ViewsContainer::currentTemplate() const
 {
-    ChartTemplate t;
-    t.timeFrame = mFrame;
-    t.zoom = mGeometry->zoom();
-    const ViewColors &colors = mChart->canvas()->colors();
-    t.background = colors.background;
-    t.type = mChart->chartType();
-    t.threeD = colors.threeD;
-    t.colored = mChart->canvas()->isColoured();
-    t.chartIndicators = describe(mChart->indicators());
+    ChartTemplate t = OrdaneView::currentTemplate(*mSession);
     for (View *v : views())
-        if (v != mChart)
-            t.panes.append(describe(v->indicators()));
-    t.splitter = mSplitter->sizes();
+        t.splitter << mSplitter->sizes().at(mSplitter->indexOf(v));
     return t;
 }
 
 QStringList ViewsContainer::applyTemplate(const ChartTemplate &t)
 {
-    QStringList unknown;
-    // The previous set-up goes first: its panes, and the indicators over the prices.
-    for (View *v : views()) {
-        if (v == mChart)
-            continue;
-        v->hide();
-        v->setParent(nullptr);
-        v->deleteLater();
-    }
-    for (IndicatorLayer *i : mChart->indicators()) {
-        i->deinit();
-        mChart->canvas()->removeLayer(i);
-    }
-
-    ViewColors colors = mChart->canvas()->colors();
-    colors.background = t.background.isValid() ? t.background : colors.background;
-    colors.threeD = t.threeD;
-    for (View *v : views())
-        v->canvas()->setColors(colors);
-    mChart->canvas()->setColoured(t.colored);
-    switch (t.type) {
-    case ChartType::Bar:
-        slotSetBar();
-        break;
-    case ChartType::Line:
-        slotSetLine();
-        break;
-    case ChartType::Empty:
-        slotSetEmpty();
-        break;
-    case ChartType::Candle:
-        slotSetCandle();
-        break;
-    }
-    {
-        const QSignalBlocker blocker(mGeometry);
-        mGeometry->setZoom(t.zoom);
-    }
-    if (t.timeFrame != mFrame || (!mReader.isNull() && mReader->timeFrame() != t.timeFrame))
-        setFrame(t.timeFrame);
-
-    for (const TemplateIndicator &i : t.chartIndicators)
-        if (!addIndicator(mChart, i.name, false, i.parameters))
-            unknown << i.name;
-    for (const QList<TemplateIndicator> &pane : t.panes)
-        addPane(pane, &unknown);
+    const QStringList unknown = OrdaneView::applyTemplate(*mSession, t);
+    mPanel->showChartType(mSession->chartType());
+    mPanel->showTimeFrame(mSession->timeFrame());
 
     // Heights where the template gives them; the rest keep what the splitter gives them.
-    QList<int> sizes = mSplitter->sizes();
-    if (t.splitter.size() < sizes.size())
+    const QList<View *> shown = views();
+    if (t.splitter.size() < shown.size())
         sharePaneHeights();
-    sizes = mSplitter->sizes();
-    for (int i = 0; i < sizes.size() && i < t.splitter.size(); ++i)
-        sizes[i] = std::max(t.splitter.at(i), 20);
+    QList<int> sizes = mSplitter->sizes();
+    for (int i = 0; i < shown.size() && i < t.splitter.size(); ++i)
+        sizes[mSplitter->indexOf(shown.at(i))] = std::max(t.splitter.at(i), 20);
     mSplitter->setSizes(sizes);
 
     followEnd();
@@ -715,16 +590,22 @@ bool ViewsContainer::slotSetTemplate(const QString &path)
     ChartTemplate t;
     QString error;
     if (!readTemplateFile(path, &t, &error)) {
-        QMessageBox::warning(
-            this, tr("Load Template"),
-            tr("The template %1 could not be read: %2").arg(QDir::toNativeSeparators(path), error));
+        // The reader's error already leads with the path.
+        QMessageBox::warning(this, tr("Load Template"),
+                             tr("The template could not be read: %1").arg(error));
         return false;
     }
     const QStringList unknown = applyTemplate(t);
+    emit templateChanged();
+    // After templateChanged(), so that the note is what the status bar keeps.
+    reportLeftOut(unknown);
+    return true;
+}
+
+void ViewsContainer::reportLeftOut(const QStringList &unknown)
+{
     if (!unknown.isEmpty())
         emit message(tr("Unknown indicators left out: %1").arg(unknown.join(QStringLiteral(", "))));
-    emit templateChanged();
-    return true;
 }
 
 void ViewsContainer::slotLoadTemplate()
@@ -753,18 +634,6 @@ void ViewsContainer::slotSaveTemplate()
         emit message(tr("Template saved: %1").arg(QDir::toNativeSeparators(path)));
 }
 
-void ViewsContainer::recomputeIndicators()
-{
-    for (View *view : views()) {
-        for (IndicatorLayer *indicator : view->indicators()) {
-            indicator->deinit();
-            indicator->init();
-            if (!mReader.isNull())
-                indicator->start();
-        }
-    }
-}
-
 QImage ViewsContainer::picture()
 {
     return mChartArea->grab().toImage();
@@ -772,64 +641,24 @@ QImage ViewsContainer::picture()
 
 bool ViewsContainer::savePicture(const QString &path, QString *error)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && picture().save(&file, "PNG") && file.commit())
-        return true;
-    if (error)
-        *error = file.errorString();
-    return false;
+    return ChartExport::savePicture(picture(), path, error);
 }
 
 bool ViewsContainer::saveCsv(const QString &path, QString *error)
 {
-    if (mReader.isNull()) {
-        if (error)
-            *error = tr("No chart is shown.");
-        return false;
-    }
-    return OrdaneData::writeText(path, OrdaneData::seriesToText(*mReader), error);
-}
-
-QString ViewsContainer::lastFolder() const
-{
-    return kLastFolder.value();
-}
-
-void ViewsContainer::rememberFolder(const QString &path)
-{
-    kLastFolder.setValue(QFileInfo(path).absolutePath());
+    return ChartExport::saveCsv(reader(), path, error);
 }
 
 void ViewsContainer::slotTakePicture()
 {
-    const QString name = mReader.isNull() ? QStringLiteral("chart") : mReader->symbol();
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Picture"), lastFolder() + QLatin1Char('/') + name + QStringLiteral(".png"),
-        tr("PNG pictures (*.png)"));
-    if (path.isEmpty())
-        return;
-    rememberFolder(path);
-    QString error;
-    if (!savePicture(path, &error))
-        QMessageBox::warning(this, tr("Save Picture"),
-                             tr("The picture could not be saved: %1").arg(error));
+    const OrdaneData::ReaderH series = reader();
+    ChartExport(this).askAndSavePicture(picture(), series.isNull() ? QStringLiteral("chart")
+                                                                   : series->symbol());
 }
 
 void ViewsContainer::slotSaveCsv()
 {
-    if (mReader.isNull())
-        return;
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save CSV"),
-        lastFolder() + QLatin1Char('/') + mReader->symbol() + QStringLiteral(".csv"),
-        tr("CSV files (*.csv)"));
-    if (path.isEmpty())
-        return;
-    rememberFolder(path);
-    QString error;
-    if (!saveCsv(path, &error))
-        QMessageBox::warning(this, tr("Save CSV"),
-                             tr("The quotes could not be saved: %1").arg(error));
+    ChartExport(this).askAndSaveCsv(reader());
 }
 
 void ViewsContainer::showViewSettings()

@@ -1,31 +1,40 @@
 #pragma once
 
-#include "data/quotesource.h"
 #include "data/readerh.h"
-#include "indicators/patterns/candlepattern.h"
 #include "view/charttemplate.h"
+#include "view/patterns/candlepattern.h"
 #include "view/viewcanvas.h"
 
 #include <QWidget>
 
 class QSplitter;
 
+namespace OrdaneData {
+class StorageSource;
+}
+
 namespace OrdaneView {
 
 class ChartGeometry;
+class ChartSession;
 class ChartView;
-class IndicatorLayer;
 class DateTimeView;
 class MiniView;
 class ScrollBarView;
 class View;
 class ViewOperationsPanel;
 
-// The chart area: the tool strip, the chart view (and, beneath it, indicator views), the
-// date axis, the scroll bar and the mini view, all over one series and one geometry.
+// The chart area on screen: the tool strip, the chart view and the indicator panes beneath
+// it, the date axis, the scroll bar and the mini view, all showing one chart session (the
+// series, its frame, the canvases and their indicators). The container lays them out, routes
+// the tool strip's commands and keeps the views in step with the session.
 //
 // While the chart shows the last bar it keeps showing it when the series grows, the frame
 // changes or the window is resized.
+//
+// Failures with a file the user named (a template, a picture, a symbol without stored
+// quotes) are told in a message box; indicators that cannot be made are named in message(),
+// for the status bar.
 class ViewsContainer : public QWidget
 {
     Q_OBJECT
@@ -34,14 +43,17 @@ public:
     explicit ViewsContainer(QWidget *parent = nullptr);
     ~ViewsContainer() override;
 
-    ChartGeometry *geometry() const { return mGeometry; }
+    ChartSession *session() const { return mSession; }
+    ChartGeometry *geometry() const;
     ChartView *chartView() const { return mChart; }
     ViewOperationsPanel *panel() const { return mPanel; }
     DateTimeView *dateTimeView() const { return mAxis; }
     ScrollBarView *scrollBar() const { return mScroll; }
     MiniView *miniView() const { return mMini; }
-    OrdaneData::ReaderH reader() const { return mReader; }
-    int timeFrame() const { return mFrame; }
+    OrdaneData::ReaderH reader() const;
+    int timeFrame() const;
+    // The chart first, then the panes top down.
+    QList<View *> views() const;
 
     // The chart area (views and date axis) as a picture.
     QImage picture();
@@ -53,14 +65,14 @@ public:
     // Opens the view settings as a dialog.
     void showViewSettings();
 
-    // The set-up of the chart area as a template: frame, zoom, background, the price chart
-    // with its overlays, the panes with their indicators and every pane's height.
+    // The set-up of the chart area as a template, with every pane's height.
     ChartTemplate currentTemplate() const;
-    // Replaces the set-up with a template's: the panes shown before are removed, the
-    // indicators are created with the template's parameters, the heights applied where
-    // given (missing ones keep the current sizes). Returns the names that are no
+    // Replaces the set-up with a template's (see OrdaneView::applyTemplate) and applies the
+    // heights it gives (missing ones keep the current sizes). Returns the names that are no
     // indicator; they are left out.
     QStringList applyTemplate(const ChartTemplate &t);
+    // Names in message() the indicators a template had that could not be made.
+    void reportLeftOut(const QStringList &unknown);
     // Writes the current set-up; on failure the old file stays and *error says why.
     bool saveTemplate(const QString &path, QString *error = nullptr) const;
     // The folder of the user's templates, "Templates" in the home folder.
@@ -69,7 +81,7 @@ public:
 signals:
     // A template was loaded.
     void templateChanged();
-    // A short note for the status bar, such as the indicators a template named in vain.
+    // A short note for the status bar, such as the indicators that could not be made.
     void message(const QString &text);
 
 public slots:
@@ -94,15 +106,17 @@ public slots:
     void slotSetMonthFrameMode();
     void slotSetQuartalFrameMode();
     void slotSetYearFrameMode();
+    // Spelled so in the interface, as is slotSetCandlePatternRequirments(); keep.
     void slotChangePositon();
     void slotNonSeparatorMode();
     void slotWeekSeparatorMode();
     void slotMonthSeparatorMode();
     void slotQuartalSeparatorMode();
     void slotYearSeparatorMode();
-    // Each identifier gets a new indicator pane beneath the chart.
+    // Each identifier gets a new indicator pane beneath the chart. An indicator that cannot
+    // be computed (a broken script, which reports itself) leaves no pane behind.
     void slotTriggerNewIndicatorView(const QStringList &ids);
-    // Each identifier is drawn over the prices.
+    // Each identifier is drawn over the prices, under the same rule.
     void slotTriggerChartIndicators(const QStringList &ids);
     // The candle-pattern panel's settings, for the chart's pattern marks.
     void slotSetCandlePatternRequirments(const QList<CandlePattern::Pattern> &patterns);
@@ -129,43 +143,29 @@ protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
-public:
-    QList<View *> views() const;
-
 private:
-    // Gives a new view the container's series and current look.
-    void adopt(View *view);
-    void removeView(View *view);
-    // init() and start() of every indicator: after the series or its frame changed.
-    void recomputeIndicators();
-    // Creates indicator `id` with these parameters over the defaults; none for an unknown
-    // identifier.
-    IndicatorLayer *addIndicator(View *view, const QString &id, bool master,
-                                 const QMap<QString, float> &parameters = {});
-    // Puts a new indicator made for `view` into it, sets the parameters and computes it.
-    void install(View *view, IndicatorLayer *indicator, bool master,
-                 const QMap<QString, float> &parameters = {});
-    // A script from `file` under the debugger, in a new pane or on the chart.
+    // Views for the session's canvases.
+    void paneAdded(ViewCanvas *pane);
+    void paneRemoved(ViewCanvas *pane);
+    void connectView(View *view);
+    // Adds the indicators to `canvas` (nullptr: each in a new pane); names those that cannot
+    // be made in message() and takes out again those that fail to compute.
+    void addIndicators(ViewCanvas *canvas, const QStringList &ids);
     void debugScript(const QString &file, bool expert, bool onChart);
-    // A new pane beneath the others holding these indicators, the first as its master;
-    // none when not one of them could be made (their names are added to *unknown).
-    View *addPane(const QList<TemplateIndicator> &indicators, QStringList *unknown);
     void sharePaneHeights();
     void updateAll();
     void zoom(bool in);
     void setFrame(int frame);
     void setSeparators(SeparatorMode mode);
+    void setChartType(ChartType type);
     void geometryChanged();
+    void seriesChanged();
     void followEnd();
-    void updateLabel();
-    int barCount() const;
-    QString lastFolder() const;
-    void rememberFolder(const QString &path);
+    int plotWidth() const;
+    void reportUnknown(const QStringList &ids);
 
-    ChartGeometry *mGeometry;
+    ChartSession *mSession;
     OrdaneData::StorageSource *mSource;
-    OrdaneData::ReaderH mReader;
-    int mFrame = 0;
     bool mAtEnd = true;
 
     ViewOperationsPanel *mPanel;

@@ -1,9 +1,9 @@
 // The widget library's services: settings keys, the update search, reminders.
 
+#include "core/reminders.h"
+#include "core/setting.h"
+#include "core/updater.h"
 #include "support/testsettings.h"
-#include "widgets/reminders.h"
-#include "widgets/setting.h"
-#include "widgets/updater.h"
 
 #include <QSignalSpy>
 #include <QStandardPaths>

@@ -1,24 +1,24 @@
 #include "virtualresolution.h"
 
+#include "setting.h"
+
 #include <QSettings>
-#include <QVariant>
 
 #include <cmath>
 
 namespace QMWidgets {
 
 namespace {
-const char kFactorKey[] = "VirtualResolution/Factor";
+const Setting<double> kFactor{QStringLiteral("VirtualResolution/Factor"), 1.0};
 const char kScaleVariable[] = "QT_SCALE_FACTOR";
 
 bool sSetByUser = false;
 
 double readFactor(const QSettings &settings)
 {
-    bool ok = false;
-    const double f = settings.value(QLatin1String(kFactorKey)).toDouble(&ok);
+    const double f = kFactor.value(settings);
     // "nan" and "inf" parse as numbers; neither is a usable scale.
-    if (!ok || !std::isfinite(f))
+    if (!std::isfinite(f))
         return 1.0;
     return qBound(kMinVirtualResolution, f, kMaxVirtualResolution);
 }
@@ -33,7 +33,7 @@ void setVirtualResolutionFactor(double factor)
 {
     const double f =
         std::isfinite(factor) ? qBound(kMinVirtualResolution, factor, kMaxVirtualResolution) : 1.0;
-    QSettings().setValue(QLatin1String(kFactorKey), f);
+    kFactor.setValue(f);
 }
 
 void applyVirtualResolution(const QString &organization, const QString &application)

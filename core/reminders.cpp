@@ -1,13 +1,32 @@
 #include "reminders.h"
 
+#include "setting.h"
+
 #include <QSettings>
+#include <QVariantMap>
 
 #include <algorithm>
 
 namespace QMWidgets {
 
 namespace {
-const QString kGroup = QStringLiteral("Reminders");
+// The reminders, each a map with "due" (date and time) and "text".
+const Setting<QVariantList> kReminders{QStringLiteral("Reminders"), {}};
+
+// Builds before 2.0's release kept the reminders as a settings array under the same key.
+QVariantList legacyReminders()
+{
+    QSettings settings;
+    QVariantList list;
+    const int n = settings.beginReadArray(kReminders.key());
+    for (int i = 0; i < n; ++i) {
+        settings.setArrayIndex(i);
+        list.append(QVariantMap{{QStringLiteral("due"), settings.value(QStringLiteral("due"))},
+                                {QStringLiteral("text"), settings.value(QStringLiteral("text"))}});
+    }
+    settings.endArray();
+    return list;
+}
 } // namespace
 
 Reminders::Reminders(QObject *parent)
@@ -32,17 +51,15 @@ int Reminders::interval() const
 
 QVector<Reminders::Reminder> Reminders::list() const
 {
-    QSettings settings;
+    const QVariantList stored = kReminders.isStored() ? kReminders.value() : legacyReminders();
     QVector<Reminder> result;
-    const int n = settings.beginReadArray(kGroup);
-    for (int i = 0; i < n; ++i) {
-        settings.setArrayIndex(i);
-        Reminder r{settings.value(QStringLiteral("due")).toDateTime(),
-                   settings.value(QStringLiteral("text")).toString()};
+    for (const QVariant &entry : stored) {
+        const QVariantMap map = entry.toMap();
+        Reminder r{map.value(QStringLiteral("due")).toDateTime(),
+                   map.value(QStringLiteral("text")).toString()};
         if (r.due.isValid())
             result.append(r);
     }
-    settings.endArray();
     std::stable_sort(result.begin(), result.end(),
                      [](const Reminder &a, const Reminder &b) { return a.due < b.due; });
     return result;
@@ -50,15 +67,12 @@ QVector<Reminders::Reminder> Reminders::list() const
 
 void Reminders::store(const QVector<Reminder> &list)
 {
-    QSettings settings;
-    settings.remove(kGroup);
-    settings.beginWriteArray(kGroup, list.size());
-    for (int i = 0; i < list.size(); ++i) {
-        settings.setArrayIndex(i);
-        settings.setValue(QStringLiteral("due"), list.at(i).due);
-        settings.setValue(QStringLiteral("text"), list.at(i).text);
-    }
-    settings.endArray();
+    QVariantList stored;
+    for (const Reminder &r : list)
+        stored.append(
+            QVariantMap{{QStringLiteral("due"), r.due}, {QStringLiteral("text"), r.text}});
+    kReminders.reset(); // also drops a legacy array under the key
+    kReminders.setValue(stored);
     emit changed();
 }
 

@@ -25,9 +25,12 @@ public:
     const T &defaultValue() const { return mDefault; }
 
     // The stored value, or the default when the key is absent or cannot be read as T.
-    T value() const
+    T value() const { return value(QSettings()); }
+    // The same from another store, such as one opened before the application's identity is
+    // set.
+    T value(const QSettings &store) const
     {
-        QVariant v = QSettings().value(mKey);
+        QVariant v = store.value(mKey);
         return v.isValid() && v.convert(qMetaTypeId<T>()) ? v.value<T>() : mDefault;
     }
     void setValue(const T &value) const { QSettings().setValue(mKey, QVariant::fromValue(value)); }

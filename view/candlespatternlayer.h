@@ -1,7 +1,7 @@
 #pragma once
 
-#include "indicators/patterns/candlepattern.h"
 #include "view/layer.h"
+#include "view/patterns/candlepattern.h"
 
 #include <QColor>
 #include <QList>

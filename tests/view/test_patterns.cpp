@@ -1,7 +1,7 @@
 // Candle pattern recognition: the names, the grading, the single-candle tests with their
 // stated boundaries, and one matching and one failing case for every pair and triple.
 
-#include "indicators/patterns/candlepattern.h"
+#include "view/patterns/candlepattern.h"
 
 #include <QtTest>
 

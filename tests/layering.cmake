@@ -1,0 +1,23 @@
+# Checks that no folder includes a header of a folder that comes after it in the build order
+# of the root CMakeLists.txt (the views, for one, reach indicators only through interfaces of
+# their own). Run as: cmake -DSOURCE_DIR=... -P layering.cmake
+set(ORDER core widgets data view indicators browser app cli)
+set(failures "")
+foreach(folder IN LISTS ORDER)
+    list(FIND ORDER ${folder} rank)
+    file(GLOB_RECURSE files "${SOURCE_DIR}/${folder}/*.h" "${SOURCE_DIR}/${folder}/*.cpp")
+    foreach(file IN LISTS files)
+        file(STRINGS ${file} includes REGEX "^#include \"[a-z]+/")
+        foreach(line IN LISTS includes)
+            string(REGEX REPLACE "^#include \"([a-z]+)/.*" "\\1" target "${line}")
+            list(FIND ORDER ${target} targetRank)
+            if(targetRank GREATER rank)
+                file(RELATIVE_PATH relative ${SOURCE_DIR} ${file})
+                string(APPEND failures "  ${relative}: ${line}\n")
+            endif()
+        endforeach()
+    endforeach()
+endforeach()
+if(failures)
+    message(FATAL_ERROR "Headers included against the build order:\n${failures}")
+endif()
