@@ -5,10 +5,12 @@
 #include "app/mainwindow.h"
 #include "browser/stocklist.h"
 #include "browser/storagebrowser.h"
+#include "data/home.h"
 #include "data/reader.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
+#include "support/messagebox.h"
 #include "support/testsettings.h"
 #include "view/candlespatternlayer.h"
 #include "view/charttemplate.h"
@@ -17,6 +19,7 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QDir>
 #include <QDockWidget>
 #include <QFile>
 #include <QMenu>
@@ -40,6 +43,7 @@ private slots:
     void signalsOfTheWindow();
     void partsReachTheViews();
     void templatesKeptBetweenRuns();
+    void startUpScriptFailuresWaitForTheWindow();
 
 private:
     void open()
@@ -228,6 +232,30 @@ void TestMainWindow::templatesKeptBetweenRuns()
     mWindow = new MainWindow;
     QCOMPARE(mWindow->restoreLastTemplate(), fallbackTemplate());
     QCOMPARE(mWindow->viewsContainer()->currentTemplate().timeFrame, int(OrdaneData::Week));
+}
+
+// A script of the kept set-up that fails reports itself only once the window is up, so that
+// start-up never blocks on a box.
+void TestMainWindow::startUpScriptFailuresWaitForTheWindow()
+{
+    delete mWindow;
+    QFile script(
+        QDir(OrdaneData::Home::userIndicatorsPath()).filePath(QStringLiteral("Throws.js")));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("function start() { throw 'no data'; }");
+    script.close();
+    ChartTemplate t;
+    t.panes = {{{QStringLiteral("Throws.js"), {}}}};
+    QVERIFY(writeTemplateFile(MainWindow::lastTemplatePath(), t));
+
+    QString text;
+    TestSupport::answerNextMessageBox(&text);
+    mWindow = new MainWindow;
+    QCoreApplication::processEvents();
+    QVERIFY(text.isEmpty());
+    mWindow->show();
+    QTRY_COMPARE(text, QStringLiteral("EXEPTION!!!"));
+    QVERIFY(script.remove());
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -199,6 +199,17 @@ void TestContainer::positionAndMiniView()
     QVERIFY(mini->readOut().contains(QStringLiteral("\nDifference:\t")));
     QTest::mouseRelease(mini, Qt::RightButton, {}, QPoint(mini->width() / 2, 20));
     QCOMPARE(mContainer->geometry()->firstVisible(), count - visible);
+
+    // Dragging the chart moves it, and the pointer information follows the pointer.
+    ChartView *chart = mContainer->chartView();
+    mContainer->slotSetPosition(count / 2);
+    QTest::mousePress(chart, Qt::LeftButton, {}, QPoint(400, 100));
+    QMouseEvent drag(QEvent::MouseMove, QPointF(240, 100), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(chart, &drag);
+    QTest::mouseRelease(chart, Qt::LeftButton, {}, QPoint(240, 100));
+    QCOMPARE(mContainer->geometry()->firstVisible(),
+             count / 2 + 160 / mContainer->geometry()->zoom());
+    QCOMPARE(mContainer->geometry()->pointerX(), 240);
 }
 
 void TestContainer::savesSeriesAndPicture()
