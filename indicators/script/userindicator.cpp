@@ -285,10 +285,8 @@ void UserIndicator::deinit()
 
 void UserIndicator::drawIndicator(QPainter &painter)
 {
-    if (!mAutoBuffers.isEmpty() || !isMaster())
-        fitRange(mAutoBuffers);
-    else if (max() == min())
-        fitRange(buffers().keys()); // the script set no range of its own
+    if (!mOwnRange || !isMaster())
+        fitRange();
 
     paintBuffers(painter);
     const int z = zoom();
@@ -375,14 +373,26 @@ void UserIndicator::setBufferDrawStyle(const QString &name, int style)
         it.value().drawStyle = std::clamp(style, int(LINE), int(POINTS));
 }
 
-void UserIndicator::setAutoChangeMaxMin(const QString &buffer)
+void UserIndicator::setAutoChangeMaxMin(const QString &)
 {
-    mAutoBuffers = QStringList{buffer};
+    mOwnRange = false;
 }
 
-void UserIndicator::setAutoChangeMaxMin(const QString &buffer1, const QString &buffer2)
+void UserIndicator::setAutoChangeMaxMin(const QString &, const QString &)
 {
-    mAutoBuffers = QStringList{buffer1, buffer2};
+    mOwnRange = false;
+}
+
+void UserIndicator::setMax(float max)
+{
+    mOwnRange = true;
+    IndicatorLayer::setMax(max);
+}
+
+void UserIndicator::setMin(float min)
+{
+    mOwnRange = true;
+    IndicatorLayer::setMin(min);
 }
 
 void UserIndicator::addLevel(float value, const QString &colour)
