@@ -7,7 +7,6 @@
 #include "scriptmessages.h"
 #include "scriptrun.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 #include <QFileInfo>
 #include <QPainter>
@@ -37,11 +36,6 @@ public:
 // stack overflow.
 thread_local int gNesting = 0;
 constexpr int kMaxNesting = 8;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("OrdaneView::UserIndicator", text);
-}
 
 // Reading bars is what scripts do most, a bar at a time in their loops. Calls through the
 // layer's meta-object cost about a microsecond each; these native forms of the same
@@ -166,7 +160,7 @@ void UserIndicator::load()
     }
     mEngine->clearExceptions();
     if (!details.isEmpty()) {
-        qDebug().noquote() << name() << details;
+        qCDebug(Scripts::lcScript).noquote() << name() << details;
         Scripts::showMessage(Scripts::Severity::Critical, tr("Error"),
                              tr("Script evaluating error") + QStringLiteral("\n\n") + name() +
                                  QStringLiteral("\n") + details);
@@ -227,16 +221,13 @@ void UserIndicator::init()
         return;
     dropIndicators(mInitIndicators);
     QString error;
-    if (!call("init", &error)) {
-        qDebug("Exception");
-        qDebug("EXCEPTION!!!");
-        qDebug().noquote() << name() << error;
-    }
+    if (!call("init", &error))
+        qCWarning(Scripts::lcScript).noquote() << name() << error;
 }
 
 void UserIndicator::start()
 {
-    qDebug("!!!0");
+    qCDebug(Scripts::lcScript, "!!!0");
     if (mPhase) {
         // Asked again while the script runs (events are processed meanwhile): once it is
         // done.
@@ -262,7 +253,7 @@ void UserIndicator::start()
             mBoxLabels = labelsBefore;
             Scripts::showMessage(Scripts::Severity::Critical, tr("Error"), error);
         } else {
-            qDebug().noquote() << name() << error;
+            qCDebug(Scripts::lcScript).noquote() << name() << error;
             Scripts::showMessage(Scripts::Severity::Critical, QStringLiteral("Exeption"),
                                  QStringLiteral("EXEPTION!!!") + QStringLiteral("\n\n") + name() +
                                      QStringLiteral("\n") + error);
@@ -280,7 +271,7 @@ void UserIndicator::deinit()
         return;
     QString error;
     if (!call("deinit", &error))
-        qDebug().noquote() << name() << error;
+        qCWarning(Scripts::lcScript).noquote() << name() << error;
 }
 
 void UserIndicator::drawIndicator(QPainter &painter)
@@ -320,7 +311,7 @@ void UserIndicator::drawIndicator(QPainter &painter)
     const bool ok = call("draw", &error);
     mPainter->unbind();
     if (!ok)
-        qDebug().noquote() << name() << error;
+        qCWarning(Scripts::lcScript).noquote() << name() << error;
 }
 
 QString UserIndicator::name() const

@@ -15,10 +15,12 @@
 #include "view/chartgeometry.h"
 #include "view/viewcanvas.h"
 
+#include <QLoggingCategory>
 #include <QPainter>
 #include <QtEndian>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace OrdaneView;
@@ -53,6 +55,8 @@ private slots:
     void brokenScriptsAreReported_data();
     void brokenScriptsAreReported();
     void endlessLoopsAreStopped();
+    void engineLog_data();
+    void engineLog();
     void getIndicatorReadsAnotherIndicator();
     void factoryFindsScriptsByName();
     void starterScript_data();
@@ -416,6 +420,58 @@ void TestScripts::endlessLoopsAreStopped()
     QCOMPARE(run(*slow, QStringLiteral("S")), QVector<float>{1});
     setMessageHandler(recorder);
     QCOMPARE(mMessages.size(), 2);
+}
+
+namespace {
+struct LogLine
+{
+    QtMsgType type;
+    QString category;
+    QString text;
+};
+QList<LogLine> gLog;
+} // namespace
+
+void TestScripts::engineLog_data()
+{
+    QTest::addColumn<QString>("rules");
+    QTest::addColumn<bool>("debugShown");
+    QTest::newRow("debug-off-by-default") << QString() << false;
+    QTest::newRow("debug-enabled") << QStringLiteral("halcyra.script.debug=true") << true;
+}
+
+void TestScripts::engineLog()
+{
+    QFETCH(QString, rules);
+    QFETCH(bool, debugShown);
+    auto script = load(QStringLiteral("Log.js"), R"js(
+        function init() { Log.createBuffer("L"); undefinedInInit(); }
+        function start() { output("from", "the script"); })js");
+    QLoggingCategory::setFilterRules(rules);
+    gLog.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+            gLog.append({type, QString::fromLatin1(context.category), text});
+        });
+    script->init();
+    script->start();
+    qInstallMessageHandler(previous);
+    QLoggingCategory::setFilterRules(QString());
+
+    const auto logged = [](QtMsgType type, const QString &text) {
+        return std::any_of(gLog.cbegin(), gLog.cend(), [&](const LogLine &line) {
+            return line.type == type && line.category == QLatin1String("halcyra.script") &&
+                   line.text.contains(text);
+        });
+    };
+    QCOMPARE(logged(QtDebugMsg, QStringLiteral("!!!0")), debugShown);
+    QVERIFY(std::all_of(gLog.cbegin(), gLog.cend(), [&](const LogLine &line) {
+        return line.type != QtDebugMsg || debugShown;
+    }));
+    // What the script writes, and an error no message box reports, are shown either way.
+    QVERIFY(logged(QtInfoMsg, QStringLiteral("from the script")));
+    QVERIFY(logged(QtWarningMsg, QStringLiteral("Log.js Exception: ReferenceError")));
+    QVERIFY(mMessages.isEmpty());
 }
 
 void TestScripts::getIndicatorReadsAnotherIndicator()
