@@ -3,6 +3,7 @@
 
 #include "data/home.h"
 #include "data/reader.h"
+#include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/script/userindicator.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
@@ -30,6 +31,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <memory>
 
 using namespace OrdaneView;
 
@@ -49,6 +51,8 @@ private slots:
     void missingSymbolIsReported();
     void settingsPage();
     void indicatorPanesAndOverlays();
+    void propertiesDialog_data();
+    void propertiesDialog();
     void templatesReplaceTheSetUp();
     void droppedIndicators();
     void scriptIndicators();
@@ -281,15 +285,56 @@ void TestContainer::indicatorPanesAndOverlays()
         mContainer->chartView()->indicators().first()->bufferData(QStringLiteral("SMA")).size(),
         mContainer->reader()->count());
 
-    // Properties change a parameter by name and recompute.
-    IndicatorPropertiesDialog dialog(rsi);
-    dialog.field(QStringLiteral("Period"))->setValue(3);
-    dialog.slotApply();
-    QCOMPARE(rsi->label(), QStringLiteral("RSI(3,70,30)"));
-
     // Removing a pane's only indicator closes the pane.
     rsiPane->slotRemoveIndicatorLayer();
     QTRY_COMPARE(mContainer->views().size(), 2);
+}
+
+void TestContainer::propertiesDialog_data()
+{
+    QTest::addColumn<float>("value");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<float>("stored");
+    QTest::newRow("whole-number") << 7.0f << "7"
+                                  << "10" << 10.0f;
+    QTest::newRow("negative-whole-number") << -3.0f << "-3"
+                                           << "-12" << -12.0f;
+    QTest::newRow("thousands-without-separator") << 12000.0f << "12000"
+                                                 << "2" << 2.0f;
+    QTest::newRow("one-decimal") << 2.5f << "2.5"
+                                 << "0.25" << 0.25f;
+    QTest::newRow("float-of-a-tenth") << 0.1f << "0.1"
+                                      << "0.7" << 0.7f;
+    QTest::newRow("four-decimals") << 0.0125f << "0.0125"
+                                   << "1.2345" << 1.2345f;
+    QTest::newRow("beyond-four-decimals") << 0.33333f << "0.3333"
+                                          << "0.00015" << 0.0001f;
+}
+
+// The dialog shows each parameter with the decimals it needs, takes what is typed to four
+// decimals, sets the parameters by name and recomputes.
+void TestContainer::propertiesDialog()
+{
+    QFETCH(float, value);
+    QFETCH(QString, typed);
+    QFETCH(float, stored);
+    std::unique_ptr<IndicatorLayer> rsi(
+        createBuiltinIndicator(QStringLiteral("RSI"), mContainer->reader(), nullptr));
+    rsi->setParameter(QStringLiteral("Period"), value);
+    rsi->init();
+    IndicatorPropertiesDialog dialog(rsi.get());
+    QDoubleSpinBox *field = dialog.field(QStringLiteral("Period"));
+    QTEST(field->text(), "shown");
+    QCOMPARE(dialog.field(QStringLiteral("LevelUp"))->text(), QStringLiteral("70"));
+
+    field->selectAll();
+    QTest::keyClicks(field, typed);
+    dialog.slotApply();
+    QCOMPARE(rsi->parameter(QStringLiteral("Period")), stored);
+    QVERIFY2(rsi->label().startsWith(QStringLiteral("RSI(%1,").arg(stored)),
+             qPrintable(rsi->label()));
+    QCOMPARE(rsi->bufferData(QStringLiteral("RSI")).size(), mContainer->reader()->count());
 }
 
 // A template replaces the panes and overlays shown before, sets the frame, zoom, type and
