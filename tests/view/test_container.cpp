@@ -16,6 +16,7 @@
 #include "view/ui/viewoperationspanel.h"
 #include "view/ui/viewparameters.h"
 #include "view/ui/viewscontainer.h"
+#include "widgets/settingsdialog.h"
 
 #include <QDoubleSpinBox>
 #include <QMainWindow>
@@ -226,8 +227,17 @@ void TestContainer::missingSymbolIsReported()
 
 void TestContainer::settingsPage()
 {
-    ViewSettings settings;
-    ViewParameters *page = settings.parameters();
+    QMWidgets::SettingsDialog dialog;
+    auto *settings = new ViewSettings;
+    dialog.addPage(settings, QStringLiteral("Chart Colours"));
+    dialog.addPage(new QWidget, QStringLiteral("Other"));
+    // One way to apply, the dialog's, as on every page.
+    QList<QAbstractButton *> applyButtons;
+    for (QAbstractButton *b : dialog.findChildren<QAbstractButton *>())
+        if (b->text().remove(QLatin1Char('&')) == QLatin1String("Apply"))
+            applyButtons << b;
+    QCOMPARE(applyButtons.size(), 1);
+    ViewParameters *page = settings->parameters();
     auto *schemes = page->findChild<QToolButton *>(QStringLiteral("ViewParametersSchemes"));
     QStringList entries;
     for (QAction *a : schemes->menu()->actions())
@@ -243,16 +253,17 @@ void TestContainer::settingsPage()
     QCOMPARE(changed.count(), 2);
     // Nothing is stored until the page is applied.
     QCOMPARE(ViewColors::load(), ViewColors::fallback());
-    settings.slotApply();
+    QSignalSpy applied(settings, &ViewSettings::applied);
+    applyButtons.first()->click();
+    QCOMPARE(applied.count(), 1);
     QCOMPARE(ViewColors::load(), ViewColors::scheme(ViewColors::Pink));
     mContainer->slotUpdate();
     QCOMPARE(mContainer->chartView()->canvas()->colors(), ViewColors::scheme(ViewColors::Pink));
 
     // Reset writes its own palette straight into the store, and a page opened afterwards
     // shows it.
-    QSignalSpy applied(&settings, &ViewSettings::applied);
     page->findChild<QPushButton *>(QStringLiteral("ViewParametersReset"))->click();
-    QCOMPARE(applied.count(), 1);
+    QCOMPARE(applied.count(), 2);
     ViewParameters reopened;
     QCOMPARE(reopened.colors().background, QColor(Qt::darkBlue));
     QCOMPARE(reopened.colors().line, QColor(Qt::white));
