@@ -77,34 +77,43 @@ void IndicatorLayer::addLevel(float value, const QString &colour)
     mLevels.append({value, colour});
 }
 
-void IndicatorLayer::fitRange(const QStringList &buffers)
+void IndicatorLayer::fitRange()
 {
+    // Layer::setMax and setMin by name: a script indicator counts its own calls to them as
+    // a range the script chose itself.
     if (!isMaster()) {
-        setMax(masterMax());
-        setMin(masterMin());
+        Layer::setMax(masterMax());
+        Layer::setMin(masterMin());
         return;
     }
+    // Every layer of the view shares the master's bars, but only the master has its
+    // geometry for this paint yet, so the visible span is the master's.
     const int first = firstVisible();
-    // Values a formula leaves undefined (0 / 0) or infinite (x / 0) do not count.
+    const int fit = std::max(plotWidthOf(), 0) / zoom();
+    QList<const IndicatorLayer *> indicators{this};
+    for (const Layer *layer : view()->layers())
+        if (const auto *indicator = qobject_cast<const IndicatorLayer *>(layer))
+            if (indicator != this)
+                indicators.append(indicator);
+
     float lo = 0, hi = 0;
     bool any = false;
-    for (const QString &buffer : buffers) {
-        const QVector<float> &data = mBuffers.value(buffer).data;
-        const int n = std::min(std::max(plotWidthOf(), 0) / zoom(), data.size() - first);
-        if (n <= 0 || first < 0)
-            continue;
-        for (auto it = data.begin() + first; it != data.begin() + first + n; ++it) {
-            if (!std::isfinite(*it))
+    for (const IndicatorLayer *indicator : qAsConst(indicators)) {
+        for (const IndicatorBuffer &b : indicator->buffers()) {
+            const int n = std::min(fit, b.data.size() - first);
+            if (!b.visible || n <= 0 || first < 0)
                 continue;
-            lo = any ? std::min(lo, *it) : *it;
-            hi = any ? std::max(hi, *it) : *it;
-            any = true;
+            for (auto it = b.data.begin() + first; it != b.data.begin() + first + n; ++it) {
+                if (!std::isfinite(*it))
+                    continue;
+                lo = any ? std::min(lo, *it) : *it;
+                hi = any ? std::max(hi, *it) : *it;
+                any = true;
+            }
         }
     }
-    if (mAutoTop)
-        setMax(hi);
-    if (mAutoBottom)
-        setMin(lo);
+    Layer::setMax(hi);
+    Layer::setMin(lo);
 }
 
 void IndicatorLayer::paintBuffers(QPainter &painter)
@@ -221,20 +230,6 @@ BuiltinIndicator::BuiltinIndicator(const IndicatorEntry &entry, ViewCanvas *view
     setFullName(QLatin1String(entry.title ? entry.title : entry.id));
 }
 
-QString BuiltinIndicator::mainBuffer() const
-{
-    return mEntry.buffers.empty() ? QString() : QLatin1String(mEntry.buffers.front().name);
-}
-
-QStringList BuiltinIndicator::rangeBuffers() const
-{
-    QStringList names;
-    for (const auto &b : mEntry.buffers)
-        if (names.isEmpty() || (b.style == HISTOGRAM && mEntry.buffers.front().style == HISTOGRAM))
-            names << QLatin1String(b.name);
-    return names;
-}
-
 QString BuiltinIndicator::makeLabel() const
 {
     QStringList values;
@@ -278,7 +273,7 @@ void BuiltinIndicator::start()
 
 void BuiltinIndicator::drawIndicator(QPainter &painter)
 {
-    fitRange(rangeBuffers());
+    fitRange();
     paintBuffers(painter);
     if (buffers().isEmpty())
         paintColouredBars(painter);

@@ -11,9 +11,9 @@ namespace OrdaneView {
 struct IndicatorEntry;
 
 // An indicator: named parameters, named buffers computed from the series, and the painting
-// of those buffers as lines, histograms or points. In a pane of its own the indicator is
-// the master layer and fits the range to its main buffer; over the price chart it follows
-// the price layer's range.
+// of those buffers as lines, histograms or points. The first indicator of a pane is its
+// master layer and fits the pane's range to everything the pane draws (see fitRange());
+// over the price chart an indicator follows the price layer's range.
 //
 // Painting enters through draw(), which hands over to drawIndicator() (an indicator shows
 // no price box of its own).
@@ -57,10 +57,11 @@ public:
     void removeAllLevels() { mLevels.clear(); }
     const QList<QPair<float, QString>> &levels() const { return mLevels; }
 
-    // Fits the range to the buffers over the visible bars when master, otherwise takes the
-    // master's range.
-    void fitRange(const QString &buffer) { fitRange(QStringList{buffer}); }
-    void fitRange(const QStringList &buffers);
+    // Fits the range before painting. The master of a pane spans every finite value of every
+    // visible, non-empty buffer of every indicator in its view over the visible bars, so
+    // that no line of the pane is cut off; undefined and infinite values do not count, and
+    // with none left the range is 0 .. 0. Any other layer takes the master's range.
+    void fitRange();
     // Paints every visible, non-empty buffer in name order.
     void paintBuffers(QPainter &painter);
     // A scale label for a value in a range whose tick step is `step`.
@@ -77,8 +78,6 @@ private:
     QMap<int, QColor> mBarColours;
     QString mFullName;
     QList<QPair<float, QString>> mLevels;
-    bool mAutoTop = true;
-    bool mAutoBottom = true;
 };
 
 // A built-in indicator, made from its catalogue row.
@@ -90,11 +89,6 @@ public:
     BuiltinIndicator(const IndicatorEntry &entry, ViewCanvas *view, QObject *parent = nullptr);
 
     const IndicatorEntry &entry() const { return mEntry; }
-    // The buffer the range is fitted to: the first of the catalogue row.
-    QString mainBuffer() const;
-    // The main buffer and, when it is a histogram, the other histograms drawn with it
-    // (the two sides of the gator oscillator), so that no bar is cut off.
-    QStringList rangeBuffers() const;
     // The label for the current parameters, such as "RSI(7,70,30)".
     QString makeLabel() const;
 

@@ -18,9 +18,9 @@ int &withIdentity(int &argc, const QString &organization, const QString &applica
 
 App::App(int &argc, char **argv, const QString &organization, const QString &application)
     : QApplication(withIdentity(argc, organization, application), argv)
-    , mTranslations(new TranslationsManager(this))
-    , mUpdater(new Updater(this))
-    , mReminders(new Reminders(this))
+    , mTranslations(std::make_unique<TranslationsManager>())
+    , mUpdater(std::make_unique<Updater>())
+    , mReminders(std::make_unique<Reminders>())
 {}
 
 App::~App() = default;

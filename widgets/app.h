@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+#include <memory>
+
 namespace QMWidgets {
 
 class Reminders;
@@ -9,7 +11,9 @@ class TranslationsManager;
 class Updater;
 
 // The application object: the toolkit's application with the services of the widget
-// library (translations, updater, reminders), which live as long as it does.
+// library (translations, updater, reminders). They are made after the toolkit's
+// application and go before it: the translators, for one, can only be removed from an
+// application that is still whole.
 class App : public QApplication
 {
     Q_OBJECT
@@ -20,14 +24,16 @@ public:
 
     static App *instance();
 
-    TranslationsManager *translations() const { return mTranslations; }
-    Updater *updater() const { return mUpdater; }
-    Reminders *reminders() const { return mReminders; }
+    TranslationsManager *translations() const { return mTranslations.get(); }
+    Updater *updater() const { return mUpdater.get(); }
+    Reminders *reminders() const { return mReminders.get(); }
 
 private:
-    TranslationsManager *mTranslations;
-    Updater *mUpdater;
-    Reminders *mReminders;
+    // Members, not children: they are destroyed at the end of ~App(), while QApplication
+    // still stands, rather than by ~QObject() after it has been taken down.
+    std::unique_ptr<TranslationsManager> mTranslations;
+    std::unique_ptr<Updater> mUpdater;
+    std::unique_ptr<Reminders> mReminders;
 };
 
 } // namespace QMWidgets

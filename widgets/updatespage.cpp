@@ -24,7 +24,8 @@ UpdatesPage::UpdatesPage(QWidget *parent)
     setObjectName(QStringLiteral("UpdatesPage"));
     mCheck->setObjectName(QStringLiteral("UpdatesPageCheck"));
     mUrl->setObjectName(QStringLiteral("UpdatesPageUrl"));
-    mUrl->setPlaceholderText(QStringLiteral("http://example.org/halcyra/version.txt"));
+    // No address comes with the program; an example address here would read as one.
+    mUrl->setPlaceholderText(tr("No address set"));
     mUrl->setClearButtonEnabled(true);
 
     mCheck->setChecked(checkUpdates.value());

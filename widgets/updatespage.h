@@ -9,7 +9,8 @@ namespace QMWidgets {
 
 // Settings page of the update check: whether the program searches for a newer version at
 // start ("checkupdates", off unless stored) and the address it asks ("UpdateUrl", see
-// Updater). apply() stores both; an address left empty removes "UpdateUrl".
+// Updater), empty until the user sets one. apply() stores both; an address left empty
+// removes "UpdateUrl".
 class UpdatesPage : public QWidget
 {
     Q_OBJECT

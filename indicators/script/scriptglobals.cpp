@@ -95,7 +95,7 @@ void installConstants(QScriptEngine *engine, const QString &title)
     global.setProperty(QStringLiteral("messageBox"), box);
     global.setProperty(QStringLiteral("output"),
                        engine->newFunction([](QScriptContext *context, QScriptEngine *) {
-                           qInfo().noquote() << joined(context);
+                           qCInfo(lcScript).noquote() << joined(context);
                            return QScriptValue();
                        }));
 }

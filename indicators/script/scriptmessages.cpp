@@ -8,6 +8,8 @@
 namespace OrdaneView {
 namespace Scripts {
 
+Q_LOGGING_CATEGORY(lcScript, "halcyra.script", QtInfoMsg)
+
 namespace {
 MessageHandler &handler()
 {

@@ -1,11 +1,17 @@
 #pragma once
 
+#include <QLoggingCategory>
 #include <QString>
 
 #include <functional>
 
 namespace OrdaneView {
 namespace Scripts {
+
+// The log of the script engine, "halcyra.script": its debug texts are off unless enabled
+// (QT_LOGGING_RULES="halcyra.script.debug=true"); what scripts write with output() and the
+// errors no message box reports are on.
+Q_DECLARE_LOGGING_CATEGORY(lcScript)
 
 // Where scripts and their errors speak to the user. The library itself knows no widgets:
 // without a handler every message goes to the standard error stream as "title: text"; the

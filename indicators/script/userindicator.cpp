@@ -7,7 +7,6 @@
 #include "scriptmessages.h"
 #include "scriptrun.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 #include <QFileInfo>
 #include <QPainter>
@@ -37,11 +36,6 @@ public:
 // stack overflow.
 thread_local int gNesting = 0;
 constexpr int kMaxNesting = 8;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("OrdaneView::UserIndicator", text);
-}
 
 // Reading bars is what scripts do most, a bar at a time in their loops. Calls through the
 // layer's meta-object cost about a microsecond each; these native forms of the same
@@ -166,7 +160,7 @@ void UserIndicator::load()
     }
     mEngine->clearExceptions();
     if (!details.isEmpty()) {
-        qDebug().noquote() << name() << details;
+        qCDebug(Scripts::lcScript).noquote() << name() << details;
         Scripts::showMessage(Scripts::Severity::Critical, tr("Error"),
                              tr("Script evaluating error") + QStringLiteral("\n\n") + name() +
                                  QStringLiteral("\n") + details);
@@ -229,15 +223,15 @@ void UserIndicator::init()
     QString error;
     mInitFailed = !call("init", &error);
     if (mInitFailed) {
-        qDebug("Exception");
-        qDebug("EXCEPTION!!!");
-        qDebug().noquote() << name() << error;
+        qCDebug(Scripts::lcScript, "Exception");
+        qCDebug(Scripts::lcScript, "EXCEPTION!!!");
+        qCWarning(Scripts::lcScript).noquote() << name() << error;
     }
 }
 
 void UserIndicator::start()
 {
-    qDebug("!!!0");
+    qCDebug(Scripts::lcScript, "!!!0");
     if (mPhase) {
         // Asked again while the script runs (events are processed meanwhile): once it is
         // done.
@@ -264,7 +258,7 @@ void UserIndicator::start()
             mBoxLabels = labelsBefore;
             Scripts::showMessage(Scripts::Severity::Critical, tr("Error"), error);
         } else {
-            qDebug().noquote() << name() << error;
+            qCDebug(Scripts::lcScript).noquote() << name() << error;
             // The box's texts are spelled so on purpose; keep.
             Scripts::showMessage(Scripts::Severity::Critical, QStringLiteral("Exeption"),
                                  QStringLiteral("EXEPTION!!!") + QStringLiteral("\n\n") + name() +
@@ -283,15 +277,13 @@ void UserIndicator::deinit()
         return;
     QString error;
     if (!call("deinit", &error))
-        qDebug().noquote() << name() << error;
+        qCWarning(Scripts::lcScript).noquote() << name() << error;
 }
 
 void UserIndicator::drawIndicator(QPainter &painter)
 {
-    if (!mAutoBuffers.isEmpty() || !isMaster())
-        fitRange(mAutoBuffers);
-    else if (max() == min())
-        fitRange(buffers().keys()); // the script set no range of its own
+    if (!mOwnRange || !isMaster())
+        fitRange();
 
     paintBuffers(painter);
     const int z = zoom();
@@ -325,7 +317,7 @@ void UserIndicator::drawIndicator(QPainter &painter)
     const bool ok = call("draw", &error);
     mPainter->unbind();
     if (!ok)
-        qDebug().noquote() << name() << error;
+        qCWarning(Scripts::lcScript).noquote() << name() << error;
 }
 
 QString UserIndicator::name() const
@@ -378,14 +370,26 @@ void UserIndicator::setBufferDrawStyle(const QString &name, int style)
         it.value().drawStyle = std::clamp(style, int(LINE), int(POINTS));
 }
 
-void UserIndicator::setAutoChangeMaxMin(const QString &buffer)
+void UserIndicator::setAutoChangeMaxMin(const QString &)
 {
-    mAutoBuffers = QStringList{buffer};
+    mOwnRange = false;
 }
 
-void UserIndicator::setAutoChangeMaxMin(const QString &buffer1, const QString &buffer2)
+void UserIndicator::setAutoChangeMaxMin(const QString &, const QString &)
 {
-    mAutoBuffers = QStringList{buffer1, buffer2};
+    mOwnRange = false;
+}
+
+void UserIndicator::setMax(float max)
+{
+    mOwnRange = true;
+    IndicatorLayer::setMax(max);
+}
+
+void UserIndicator::setMin(float min)
+{
+    mOwnRange = true;
+    IndicatorLayer::setMin(min);
 }
 
 void UserIndicator::addLevel(float value, const QString &colour)

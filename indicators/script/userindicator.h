@@ -66,10 +66,15 @@ public:
     Q_INVOKABLE void setBufferColor(const QString &name, const QString &colour);
     Q_INVOKABLE void setBufferData(const QString &name, const QVector<float> &data);
     Q_INVOKABLE void setBufferDrawStyle(const QString &name, int style);
-    // The pane's range follows one buffer, or the higher top and lower bottom of two, over
-    // the visible bars at every paint.
+    // The pane's range is fitted at every paint to everything the pane draws, the named
+    // buffers among it (see IndicatorLayer::fitRange()). Undoes a range the script set
+    // through max or min; the names themselves add nothing, since every drawn buffer counts.
     Q_INVOKABLE void setAutoChangeMaxMin(const QString &buffer);
     Q_INVOKABLE void setAutoChangeMaxMin(const QString &buffer1, const QString &buffer2);
+    // A range set by the script itself: a master keeps it rather than fitting the pane,
+    // until the script calls setAutoChangeMaxMin().
+    void setMax(float max) override;
+    void setMin(float min) override;
     Q_INVOKABLE void addLevel(float value, const QString &colour);
     Q_INVOKABLE void drawLevel(float value, const QString &colour);
     Q_INVOKABLE void removeAllLevels();
@@ -118,7 +123,7 @@ private:
     Scripts::ScriptPainter *mPainter = nullptr;
     Scripts::ScriptImage *mImage = nullptr;
     QPointer<QObject> mDebugger;
-    QStringList mAutoBuffers;
+    bool mOwnRange = false;
     QMap<int, QString> mBoxLabels;
     QList<QPointer<QObject>> mStartIndicators;
     QList<QPointer<QObject>> mInitIndicators;

@@ -1,24 +1,43 @@
 #include "candlesexpertpanel.h"
 
+#include "core/setting.h"
+
 #include <QCheckBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QSettings>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace OrdaneView {
 
 namespace {
-// The stored choices. The patterns are kept as their texts joined by commas; a missing key
-// selects every pattern, an empty text none.
-const QString kActiveKey = QStringLiteral("CandleGuru/Active");     // false
-const QString kPatternsKey = QStringLiteral("CandleGuru/Patterns"); // every pattern
-const QString kStrengthKey = QStringLiteral("CandleGuru/Strength"); // kAllGrades
-const QString kBlendingKey = QStringLiteral("CandleGuru/Blending"); // false
+// The list shows at least this many patterns however little room the dock has.
+constexpr int kListRows = 6;
+
+QString joinedTexts(const QList<CandlePattern::Pattern> &patterns)
+{
+    QStringList texts;
+    for (const CandlePattern::Pattern p : patterns)
+        texts << CandlePattern::text(p);
+    return texts.join(QLatin1Char(','));
+}
+
+// The stored choices. The patterns are kept as their texts joined by commas: every pattern
+// until the user chooses, and an empty text is a choice of none.
+const QMWidgets::Setting<bool> kActive{QStringLiteral("CandleGuru/Active"), false};
+const QMWidgets::Setting<int> kStrength{QStringLiteral("CandleGuru/Strength"),
+                                        CandlePattern::kAllGrades};
+const QMWidgets::Setting<bool> kBlending{QStringLiteral("CandleGuru/Blending"), false};
+QMWidgets::Setting<QString> patternsSetting()
+{
+    return {QStringLiteral("CandleGuru/Patterns"), joinedTexts(CandlePattern::allPatterns())};
+}
 } // namespace
 
 CandlesExpertPanel::CandlesExpertPanel(QWidget *parent)
@@ -73,6 +92,7 @@ CandlesExpertPanel::CandlesExpertPanel(QWidget *parent)
     strengthRow->addWidget(mLow);
     strengthRow->addStretch();
 
+    // The list takes whatever room the dock has to spare.
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(mGuru);
     layout->addWidget(mList, 1);
@@ -80,11 +100,12 @@ CandlesExpertPanel::CandlesExpertPanel(QWidget *parent)
     layout->addWidget(mStrength);
     layout->addWidget(mBlending);
 
+    fitListHeight();
     restore();
 
     connect(mGuru, &QCheckBox::toggled, this, &CandlesExpertPanel::slotEnableGui);
     connect(mGuru, &QCheckBox::toggled, this, [this](bool on) {
-        QSettings().setValue(kActiveKey, on);
+        kActive.setValue(on);
         emit showCandlePatterns(on);
     });
     connect(mList, &QTreeWidget::itemSelectionChanged, this,
@@ -96,22 +117,43 @@ CandlesExpertPanel::CandlesExpertPanel(QWidget *parent)
 
 void CandlesExpertPanel::restore()
 {
-    const QSettings settings;
-    mGuru->setChecked(settings.value(kActiveKey, false).toBool());
-    const int mask = settings.value(kStrengthKey, CandlePattern::kAllGrades).toInt();
+    mGuru->setChecked(kActive.value());
+    const int mask = kStrength.value();
     mStrong->setChecked(mask & CandlePattern::Strong);
     mNormal->setChecked(mask & CandlePattern::Normal);
     mLow->setChecked(mask & CandlePattern::Low);
-    mBlending->setChecked(settings.value(kBlendingKey, false).toBool());
+    mBlending->setChecked(kBlending.value());
 
-    const bool stored = settings.contains(kPatternsKey);
-    const QStringList texts =
-        settings.value(kPatternsKey).toString().split(QLatin1Char(','), Qt::SkipEmptyParts);
+    const QStringList texts = patternsSetting().value().split(QLatin1Char(','), Qt::SkipEmptyParts);
     for (int row = 0; row < mList->topLevelItemCount(); ++row) {
         QTreeWidgetItem *item = mList->topLevelItem(row);
-        item->setSelected(!stored || texts.contains(item->text(0)));
+        item->setSelected(texts.contains(item->text(0)));
     }
     slotEnableGui(mGuru->isChecked());
+}
+
+void CandlesExpertPanel::fitListHeight()
+{
+    // Measured after the style (and a style sheet's padding) has had its say.
+    mList->ensurePolished();
+    const int row = std::max(mList->sizeHintForRow(0), mList->fontMetrics().height());
+    mList->setMinimumHeight(mList->header()->sizeHint().height() + kListRows * row +
+                            2 * mList->frameWidth());
+}
+
+void CandlesExpertPanel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    // A dock lays its widget out without asking a wrapped label how tall it is at this
+    // width; given too little, the hint was cut off. Its minimum says so now.
+    mHint->setMinimumHeight(mHint->heightForWidth(mHint->width()));
+}
+
+void CandlesExpertPanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitListHeight();
 }
 
 QList<CandlePattern::Pattern> CandlesExpertPanel::requiredPatterns() const
@@ -145,23 +187,20 @@ bool CandlesExpertPanel::isActive() const
 void CandlesExpertPanel::slotItemSelectionChanged()
 {
     const QList<CandlePattern::Pattern> patterns = requiredPatterns();
-    QStringList texts;
-    for (const CandlePattern::Pattern p : patterns)
-        texts << CandlePattern::text(p);
-    QSettings().setValue(kPatternsKey, texts.join(QLatin1Char(',')));
+    patternsSetting().setValue(joinedTexts(patterns));
     emit required(patterns);
 }
 
 void CandlesExpertPanel::slotStrengthChanged()
 {
     const int mask = strength();
-    QSettings().setValue(kStrengthKey, mask);
+    kStrength.setValue(mask);
     emit strengthChanged(mask);
 }
 
 void CandlesExpertPanel::slotBlendingChanged(bool on)
 {
-    QSettings().setValue(kBlendingKey, on);
+    kBlending.setValue(on);
     emit blendingChanged(on);
 }
 

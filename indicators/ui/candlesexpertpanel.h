@@ -49,8 +49,14 @@ public slots:
     // Enables or disables the list and every box but "Activate Guru".
     void slotEnableGui(bool on);
 
+protected:
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void restore();
+    // Keeps room for several rows of the list, in the list's current font and style.
+    void fitListHeight();
 
     QCheckBox *mGuru;
     QTreeWidget *mList;

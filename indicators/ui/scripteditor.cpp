@@ -86,6 +86,12 @@ ScriptEditor::ScriptEditor(QWidget *parent)
     createMenus();
     statusBar()->addPermanentWidget(mPosition);
 
+    // The colours of the script follow the background the editor is really painted on.
+    const auto followBase = [this] {
+        mHighlighter->setBackground(mEdit->palette().color(QPalette::Base));
+    };
+    connect(mEdit, &ScriptTextEdit::paletteChanged, this, followBase);
+    followBase();
     connect(mEdit->document(), &QTextDocument::modificationChanged, this,
             &QWidget::setWindowModified);
     connect(mEdit, &QPlainTextEdit::cursorPositionChanged, this, &ScriptEditor::showCursorPosition);

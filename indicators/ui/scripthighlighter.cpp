@@ -4,6 +4,8 @@
 #include <QPalette>
 #include <QSet>
 
+#include <cmath>
+
 namespace OrdaneView {
 
 namespace {
@@ -109,6 +111,20 @@ int numberEnd(const QString &text, int i)
     return i;
 }
 
+// Whether light text reads better than dark text on `background`: its relative luminance
+// (the sRGB weighting of the usual contrast formula) lies below the point where black and
+// white text have the same contrast on it.
+bool isDark(const QColor &background)
+{
+    const auto linear = [](qreal c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const QColor rgb = background.toRgb();
+    const qreal luminance =
+        0.2126 * linear(rgb.redF()) + 0.7152 * linear(rgb.greenF()) + 0.0722 * linear(rgb.blueF());
+    return luminance < 0.179;
+}
+
 QTextCharFormat coloured(const QColor &colour, bool bold = false, bool italic = false)
 {
     QTextCharFormat format;
@@ -124,13 +140,28 @@ QTextCharFormat coloured(const QColor &colour, bool bold = false, bool italic = 
 ScriptHighlighter::ScriptHighlighter(QTextDocument *document)
     : QSyntaxHighlighter(document)
 {
-    // Dark colours on a light base, light ones on a dark base.
-    const bool dark = QGuiApplication::palette().color(QPalette::Base).lightness() < 128;
+    chooseFormats(isDark(QGuiApplication::palette().color(QPalette::Base)));
+}
+
+void ScriptHighlighter::setBackground(const QColor &background)
+{
+    const bool dark = isDark(background);
+    if (dark == mDark)
+        return;
+    chooseFormats(dark);
+    rehighlight();
+}
+
+void ScriptHighlighter::chooseFormats(bool dark)
+{
+    // Each set keeps a contrast of at least 4.5 : 1 (the usual threshold for body text) on
+    // white or on black and on the near-black of the dark style sheet.
+    mDark = dark;
     mFormats[Keyword] = coloured(dark ? QColor(0x82, 0xaa, 0xff) : QColor(0x00, 0x00, 0x99), true);
     mFormats[Number] = coloured(dark ? QColor(0xf7, 0x8c, 0x6c) : QColor(0xa0, 0x40, 0x00));
-    mFormats[String] = coloured(dark ? QColor(0xc3, 0xe8, 0x8d) : QColor(0x00, 0x80, 0x00));
+    mFormats[String] = coloured(dark ? QColor(0xc3, 0xe8, 0x8d) : QColor(0x00, 0x70, 0x00));
     mFormats[Comment] =
-        coloured(dark ? QColor(0x8a, 0x8a, 0x8a) : QColor(0x80, 0x80, 0x80), false, true);
+        coloured(dark ? QColor(0x9a, 0xa5, 0xb1) : QColor(0x5f, 0x66, 0x6d), false, true);
     mFormats[Interface] = coloured(dark ? QColor(0xe0, 0x8a, 0xe0) : QColor(0x80, 0x00, 0x80));
 }
 

@@ -94,6 +94,7 @@ void ScriptTextEdit::changeEvent(QEvent *event)
         updateGutterWidth();
     } else if (event->type() == QEvent::PaletteChange) {
         markCurrentLine();
+        emit paletteChanged();
     }
 }
 

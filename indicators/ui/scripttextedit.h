@@ -20,6 +20,11 @@ public:
     // Puts the cursor at the start of the 1-based line and shows it.
     void goToLine(int line);
 
+signals:
+    // The palette changed, as when a style sheet is applied: the colours of the text may
+    // need to follow the new base.
+    void paletteChanged();
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;

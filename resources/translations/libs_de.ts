@@ -133,6 +133,10 @@
         <source>Update &amp;address:</source>
         <translation>Aktualisierungs&amp;adresse:</translation>
     </message>
+    <message>
+        <source>No address set</source>
+        <translation>Keine Adresse festgelegt</translation>
+    </message>
 </context>
 <context>
     <name>QMWidgets::VirtualResolutionDialog</name>

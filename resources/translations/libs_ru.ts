@@ -133,6 +133,10 @@
         <source>Update &amp;address:</source>
         <translation>&amp;Адрес обновлений:</translation>
     </message>
+    <message>
+        <source>No address set</source>
+        <translation>Адрес не задан</translation>
+    </message>
 </context>
 <context>
     <name>QMWidgets::VirtualResolutionDialog</name>

@@ -202,6 +202,13 @@ void TestCandleGui::panelControlsSendAndKeepTheChoices()
     QCOMPARE(sent(strength), (QVariantList{6, 4, 0, 2}));
     QCOMPARE(sent(blend), (QVariantList{true, false, true}));
     QCOMPARE(sent(shown), (QVariantList{true, false, true}));
+    // Stored under the keys and in the forms earlier versions wrote.
+    const QSettings stored;
+    QCOMPARE(stored.value(QStringLiteral("CandleGuru/Patterns")).toString(),
+             QStringLiteral("Riksha,Hammer,TriStar"));
+    QCOMPARE(stored.value(QStringLiteral("CandleGuru/Strength")).toInt(), 2);
+    QCOMPARE(stored.value(QStringLiteral("CandleGuru/Active")).toBool(), true);
+    QCOMPARE(stored.value(QStringLiteral("CandleGuru/Blending")).toBool(), true);
 
     // The next panel starts with these choices; an empty choice is a choice too, and does
     // not fall back to every pattern.
@@ -212,6 +219,14 @@ void TestCandleGui::panelControlsSendAndKeepTheChoices()
     QCOMPARE(next.requiredPatterns(), expected);
     next.findChild<QTreeWidget *>()->clearSelection();
     QVERIFY(CandlesExpertPanel().requiredPatterns().isEmpty());
+
+    // Squeezed to its smallest, the panel still shows several patterns.
+    next.show();
+    next.resize(next.minimumSizeHint());
+    QVERIFY(QTest::qWaitForWindowExposed(&next));
+    QTreeWidget *shownList = next.findChild<QTreeWidget *>();
+    QVERIFY2(shownList->viewport()->height() >= 5 * shownList->sizeHintForRow(0),
+             qPrintable(QString::number(shownList->viewport()->height())));
 }
 
 void TestCandleGui::marksFollowTheClassifier_data()

@@ -1,9 +1,12 @@
-// The indicator layer: painting of its buffers, range fitting, levels and scale labels,
-// driven by catalogue rows made for the test so the values are known exactly.
+// The indicator layer: painting of its buffers, the pane's range, levels and scale labels,
+// driven by catalogue rows made for the test so the values are known exactly, and by the
+// ADX row of the catalogue.
 
 #include "data/reader.h"
+#include "indicators/catalogue.h"
 #include "indicators/indicatorentry.h"
 #include "indicators/indicatorlayer.h"
+#include "support/series.h"
 #include "view/chartgeometry.h"
 #include "view/chartlayer.h"
 #include "view/viewcanvas.h"
@@ -11,6 +14,7 @@
 #include <QPainter>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace OrdaneView;
@@ -37,6 +41,16 @@ const IndicatorEntry kLine{"Ramp",
                            &ramp};
 const IndicatorEntry kHistogram{"Hist",  nullptr, {},   {{"Ramp", Qt::green, HISTOGRAM}},
                                 nullptr, -1,      &ramp};
+
+// "Below" = 0, -10, -20, ... per bar: a second indicator whose values lie under the first's.
+Indicators::Result below(const QVector<QuoteBar> &bars, const Indicators::Params &)
+{
+    Indicators::Result r;
+    for (int i = 0; i < bars.size(); ++i)
+        r.buffers[QStringLiteral("Below")].append(-10.0f * i);
+    return r;
+}
+const IndicatorEntry kBelow{"Below", nullptr, {}, {{"Below", Qt::cyan}}, nullptr, -1, &below};
 
 struct Pane
 {
@@ -85,7 +99,9 @@ class TestIndicatorLayer : public QObject
 
 private slots:
     void defaultsLabelAndBuffers();
-    void masterFitsTheVisibleBars();
+    void paneRange_data();
+    void paneRange();
+    void adxPaneShowsEveryLine();
     void overlayFollowsThePriceRange();
     void linesTakePerBarColours();
     void histogramsRiseFromZero();
@@ -115,24 +131,89 @@ void TestIndicatorLayer::defaultsLabelAndBuffers()
     QCOMPARE(histogram.label(), QStringLiteral("Hist")); // no parameters, no format
 }
 
-void TestIndicatorLayer::masterFitsTheVisibleBars()
+void TestIndicatorLayer::paneRange_data()
 {
+    // Bars `first` .. first + 9 are visible. Ramp is 10 per bar, Flat 50, Below -10 per bar.
+    QTest::addColumn<int>("first");
+    QTest::addColumn<QStringList>("hidden");     // buffers of the master set invisible
+    QTest::addColumn<QStringList>("emptied");    // buffers of the master left without data
+    QTest::addColumn<bool>("second");            // Below as a second indicator in the pane
+    QTest::addColumn<QVector<int>>("undefined"); // bars whose Ramp is NaN, then inf, -inf
+    QTest::addColumn<float>("min");
+    QTest::addColumn<float>("max");
+    const QStringList flat{QStringLiteral("Flat")};
+    const QStringList none;
+    QTest::newRow("every-buffer-of-the-master")
+        << 20 << none << none << false << QVector<int>() << 50.0f << 290.0f;
+    QTest::newRow("hidden-buffer-left-out")
+        << 20 << flat << none << false << QVector<int>() << 200.0f << 290.0f;
+    QTest::newRow("empty-buffer-left-out") << 20 << none << QStringList{QStringLiteral("Ramp")}
+                                           << false << QVector<int>() << 50.0f << 50.0f;
+    QTest::newRow("other-indicator-in-the-pane")
+        << 20 << flat << none << true << QVector<int>() << -290.0f << 290.0f;
+    QTest::newRow("clipped-at-the-end-of-data")
+        << 95 << flat << none << false << QVector<int>() << 950.0f << 990.0f;
+    QTest::newRow("undefined-and-infinite-ignored")
+        << 20 << flat << none << false << QVector<int>{20, 29, 28} << 210.0f << 270.0f;
+}
+
+void TestIndicatorLayer::paneRange()
+{
+    QFETCH(int, first);
+    QFETCH(QStringList, hidden);
+    QFETCH(QStringList, emptied);
+    QFETCH(bool, second);
+    QFETCH(QVector<int>, undefined);
     Pane pane(100);
     BuiltinIndicator *layer = pane.add(kLine, true);
-    pane.geometry.setFirstVisible(20);
-    pane.paint(80); // zoom 8: bars 20 .. 29
-    QCOMPARE(layer->min(), 200.0f);
-    QCOMPARE(layer->max(), 290.0f);
-    // Clipped at the end of the data.
-    pane.geometry.setFirstVisible(95);
-    pane.paint(80);
-    QCOMPARE(layer->max(), 990.0f);
-    // Undefined and infinite values do not stretch the range.
-    layer->buffers()[QStringLiteral("Ramp")].data[96] = std::nanf("");
-    layer->buffers()[QStringLiteral("Ramp")].data[97] = INFINITY;
-    pane.paint(80);
-    QCOMPARE(layer->max(), 990.0f);
-    QCOMPARE(layer->min(), 950.0f);
+    BuiltinIndicator *other = second ? pane.add(kBelow, false) : nullptr;
+    for (const QString &name : hidden)
+        layer->buffers()[name].visible = false;
+    for (const QString &name : emptied)
+        layer->buffers()[name].data.clear();
+    const float spoilers[] = {std::nanf(""), INFINITY, -INFINITY};
+    for (int k = 0; k < undefined.size(); ++k)
+        layer->buffers()[QStringLiteral("Ramp")].data[undefined.at(k)] = spoilers[k];
+    pane.geometry.setFirstVisible(first);
+    pane.paint(80); // zoom 8: ten bars
+    QTEST(layer->min(), "min");
+    QTEST(layer->max(), "max");
+    if (other) {
+        QVERIFY(!other->isMaster());
+        QCOMPARE(other->min(), layer->min());
+        QCOMPARE(other->max(), layer->max());
+    }
+}
+
+// The first chart's pane: ADX with +DI and -DI, which run far below and above the ADX line.
+void TestIndicatorLayer::adxPaneShowsEveryLine()
+{
+    OrdaneData::ReaderH series = TestSupport::randomSeries(300);
+    ChartGeometry geometry;
+    ViewCanvas canvas(&geometry);
+    canvas.setReader(series);
+    IndicatorLayer *adx = createBuiltinIndicator(QStringLiteral("ADX"), series, &canvas);
+    canvas.addLayer(adx);
+    canvas.setMasterLayer(adx);
+    adx->init();
+    adx->start();
+    geometry.setFirstVisible(200);
+    canvas.setSize(QSize(400 + ViewCanvas::kRightMargin, 120)); // zoom 8: bars 200 .. 249
+    QImage image(canvas.size(), QImage::Format_RGB32);
+    QPainter painter(&image);
+    canvas.paint(painter);
+
+    const QVector<float> line = adx->bufferData(QStringLiteral("ADX")).mid(200, 50);
+    const QVector<float> all = line + adx->bufferData(QStringLiteral("+DI")).mid(200, 50) +
+                               adx->bufferData(QStringLiteral("-DI")).mid(200, 50);
+    QCOMPARE(all.size(), 150);
+    const auto [lineLo, lineHi] = std::minmax_element(line.begin(), line.end());
+    const auto [lo, hi] = std::minmax_element(all.begin(), all.end());
+    // In this window the directional lines leave the ADX line's span, so a range fitted to
+    // ADX alone would cut them.
+    QVERIFY(*lo < *lineLo || *hi > *lineHi);
+    QCOMPARE(adx->min(), *lo);
+    QCOMPARE(adx->max(), *hi);
 }
 
 void TestIndicatorLayer::overlayFollowsThePriceRange()
@@ -141,11 +222,12 @@ void TestIndicatorLayer::overlayFollowsThePriceRange()
     Layer *price = createPriceLayer(ChartType::Candle, &pane.canvas);
     pane.canvas.addLayer(price);
     pane.canvas.setMasterLayer(price);
-    BuiltinIndicator *overlay = pane.add(kLine, false);
+    BuiltinIndicator *overlay = pane.add(kLine, false); // Ramp up to 110, above every high
     pane.paint(80);
+    QVERIFY(!overlay->isMaster());
+    QCOMPARE(price->max(), 100.0f);
     QCOMPARE(overlay->max(), 100.0f);
     QCOMPARE(overlay->min(), 0.0f);
-    QVERIFY(!overlay->isMaster());
 }
 
 void TestIndicatorLayer::linesTakePerBarColours()

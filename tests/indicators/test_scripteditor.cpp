@@ -20,6 +20,8 @@
 #include <QTextBlock>
 #include <QtTest>
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 
 using namespace OrdaneView;
@@ -91,6 +93,19 @@ int kindAt(const ScriptEditor &editor, int line, int column)
     return -1;
 }
 
+// The contrast ratio of two colours, 1 to 21, from their relative luminance in sRGB.
+double contrast(const QColor &a, const QColor &b)
+{
+    const auto luminance = [](const QColor &c) {
+        const auto linear = [](double v) {
+            return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF());
+    };
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
 } // namespace
 
 class TestScriptEditor : public QObject
@@ -135,6 +150,44 @@ private slots:
                            "typeofx = 0x1F;\n"));
         // The kinds' formats differ, or a later kind's rows would read as an earlier one.
         QCOMPARE(kindAt(editor, line, column), kind);
+    }
+
+    // The colours follow the background the editor is painted on, whether a style sheet or
+    // the palette sets it, and not the application palette.
+    void coloursReadOnTheEditorsBackground_data()
+    {
+        QTest::addColumn<QString>("sheet");
+        QTest::addColumn<QColor>("base"); // set through the palette when valid
+        QTest::newRow("dark-style-sheet")
+            << QStringLiteral("QPlainTextEdit { background-color: #0e151e; }") << QColor();
+        QTest::newRow("light-style-sheet")
+            << QStringLiteral("QPlainTextEdit { background-color: #ffffff; }") << QColor();
+        QTest::newRow("dark-palette") << QString() << QColor(Qt::black);
+    }
+
+    void coloursReadOnTheEditorsBackground()
+    {
+        QFETCH(QString, sheet);
+        QFETCH(QColor, base);
+        ScriptEditor editor;
+        editor.setStyleSheet(sheet);
+        if (base.isValid()) {
+            QPalette palette = editor.textEdit()->palette();
+            palette.setColor(QPalette::Base, base);
+            editor.textEdit()->setPalette(palette);
+        }
+        editor.textEdit()->setPlainText(QStringLiteral("var x = 1; // note"));
+        editor.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&editor));
+        const QColor background = editor.textEdit()->palette().color(QPalette::Base);
+        if (base.isValid())
+            QCOMPARE(background, base);
+        for (int kind = 0; kind < ScriptHighlighter::KindCount; ++kind) {
+            const QColor text = editor.highlighter()->format(Kind(kind)).foreground().color();
+            QVERIFY2(contrast(text, background) >= 4.5,
+                     qPrintable(text.name() + QLatin1String(" on ") + background.name()));
+        }
+        QCOMPARE(kindAt(editor, 0, 0), int(Kind::Keyword)); // coloured again, not left stale
     }
 
     void gutterGrowsWithDigits()

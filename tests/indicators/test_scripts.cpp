@@ -15,10 +15,12 @@
 #include "view/chartgeometry.h"
 #include "view/viewcanvas.h"
 
+#include <QLoggingCategory>
 #include <QPainter>
 #include <QtEndian>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace OrdaneView;
@@ -53,6 +55,8 @@ private slots:
     void brokenScriptsAreReported_data();
     void brokenScriptsAreReported();
     void endlessLoopsAreStopped();
+    void engineLog_data();
+    void engineLog();
     void getIndicatorReadsAnotherIndicator();
     void factoryFindsScriptsByName();
     void starterScript_data();
@@ -292,10 +296,11 @@ void TestScripts::scriptInterface()
     QCOMPARE(mMessages.first().title, QStringLiteral("Face.js"));
     QCOMPARE(mMessages.first().text, QStringLiteral("flag :/pix/fen.bmp true"));
 
-    // The range of a pane follows both buffers.
+    // The pane's range takes in every buffer drawn, not only the two named: Checks reaches
+    // Qt::TexturePattern (24).
     geometry.setFirstVisible(0);
     paint(canvas, 300);
-    QCOMPARE(script->max(), 9.0f);
+    QCOMPARE(script->max(), 24.0f);
     QCOMPARE(script->min(), -2.0f);
 }
 
@@ -407,14 +412,63 @@ void TestScripts::endlessLoopsAreStopped()
     QCOMPARE(mMessages.size(), 2);
 
     // The time a user takes over a script's message box is not the script's.
-    const MessageHandler recorder = setMessageHandler(
-        [](Severity, const QString &, const QString &) { QTest::qWait(600); });
+    const MessageHandler recorder =
+        setMessageHandler([](Severity, const QString &, const QString &) { QTest::qWait(600); });
     auto slow = load(QStringLiteral("Slow.js"), R"js(
         function init() { Slow.createBuffer("S"); }
         function start() { messageBox("read me"); Slow.setBufferData("S", [1]); })js");
     QCOMPARE(run(*slow, QStringLiteral("S")), QVector<float>{1});
     setMessageHandler(recorder);
     QCOMPARE(mMessages.size(), 2);
+}
+
+namespace {
+struct LogLine
+{
+    QtMsgType type;
+    QString category;
+    QString text;
+};
+QList<LogLine> gLog;
+} // namespace
+
+void TestScripts::engineLog_data()
+{
+    QTest::addColumn<QString>("rules");
+    QTest::addColumn<bool>("debugShown");
+    QTest::newRow("debug-off-by-default") << QString() << false;
+    QTest::newRow("debug-enabled") << QStringLiteral("halcyra.script.debug=true") << true;
+}
+
+void TestScripts::engineLog()
+{
+    QFETCH(QString, rules);
+    QFETCH(bool, debugShown);
+    auto script = load(QStringLiteral("Log.js"), R"js(
+        function init() { Log.createBuffer("L"); undefinedInInit(); }
+        function start() { output("from", "the script"); })js");
+    QLoggingCategory::setFilterRules(rules);
+    gLog.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+            gLog.append({type, QString::fromLatin1(context.category), text});
+        });
+    script->init();
+    script->start();
+    qInstallMessageHandler(previous);
+    QLoggingCategory::setFilterRules(QString());
+
+    const auto logged = [](QtMsgType type, const QString &text) {
+        return std::any_of(gLog.cbegin(), gLog.cend(), [&](const LogLine &line) {
+            return line.type == type && line.category == QLatin1String("halcyra.script") &&
+                   line.text.contains(text);
+        });
+    };
+    QCOMPARE(logged(QtDebugMsg, QStringLiteral("!!!0")), debugShown);
+    // What the script writes, and an error no message box reports, are shown either way.
+    QVERIFY(logged(QtInfoMsg, QStringLiteral("from the script")));
+    QVERIFY(logged(QtWarningMsg, QStringLiteral("Log.js Exception: ReferenceError")));
+    QVERIFY(mMessages.isEmpty());
 }
 
 void TestScripts::getIndicatorReadsAnotherIndicator()

@@ -3,6 +3,7 @@
 
 #include "data/home.h"
 #include "data/reader.h"
+#include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/script/userindicator.h"
 #include "indicators/ui/indicatordialogs.h"
@@ -16,6 +17,7 @@
 #include "view/ui/viewoperationspanel.h"
 #include "view/ui/viewparameters.h"
 #include "view/ui/viewscontainer.h"
+#include "widgets/settingsdialog.h"
 
 #include <QDoubleSpinBox>
 #include <QMainWindow>
@@ -31,6 +33,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <memory>
 
 using namespace OrdaneView;
 
@@ -60,6 +63,8 @@ private slots:
     void missingSymbolIsReported();
     void settingsPage();
     void indicatorPanesAndOverlays();
+    void propertiesDialog_data();
+    void propertiesDialog();
     void templatesReplaceTheSetUp();
     void droppedIndicators();
     void scriptIndicators();
@@ -245,8 +250,17 @@ void TestContainer::missingSymbolIsReported()
 
 void TestContainer::settingsPage()
 {
-    ViewSettings settings;
-    ViewParameters *page = settings.parameters();
+    QMWidgets::SettingsDialog dialog;
+    auto *settings = new ViewSettings;
+    dialog.addPage(settings, QStringLiteral("Chart Colours"));
+    dialog.addPage(new QWidget, QStringLiteral("Other"));
+    // One way to apply, the dialog's, as on every page.
+    QList<QAbstractButton *> applyButtons;
+    for (QAbstractButton *b : dialog.findChildren<QAbstractButton *>())
+        if (b->text().remove(QLatin1Char('&')) == QLatin1String("Apply"))
+            applyButtons << b;
+    QCOMPARE(applyButtons.size(), 1);
+    ViewParameters *page = settings->parameters();
     auto *schemes = page->findChild<QToolButton *>(QStringLiteral("ViewParametersSchemes"));
     QStringList entries;
     for (QAction *a : schemes->menu()->actions())
@@ -262,16 +276,17 @@ void TestContainer::settingsPage()
     QCOMPARE(changed.count(), 2);
     // Nothing is stored until the page is applied.
     QCOMPARE(ViewColors::load(), ViewColors::fallback());
-    settings.slotApply();
+    QSignalSpy applied(settings, &ViewSettings::applied);
+    applyButtons.first()->click();
+    QCOMPARE(applied.count(), 1);
     QCOMPARE(ViewColors::load(), ViewColors::scheme(ViewColors::Pink));
     mContainer->slotUpdate();
     QCOMPARE(mContainer->chartView()->canvas()->colors(), ViewColors::scheme(ViewColors::Pink));
 
     // Reset writes its own palette straight into the store, and a page opened afterwards
     // shows it.
-    QSignalSpy applied(&settings, &ViewSettings::applied);
     page->findChild<QPushButton *>(QStringLiteral("ViewParametersReset"))->click();
-    QCOMPARE(applied.count(), 1);
+    QCOMPARE(applied.count(), 2);
     ViewParameters reopened;
     QCOMPARE(reopened.colors().background, QColor(Qt::darkBlue));
     QCOMPARE(reopened.colors().line, QColor(Qt::white));
@@ -305,15 +320,56 @@ void TestContainer::indicatorPanesAndOverlays()
         indicatorsIn(mContainer->chartView()).first()->bufferData(QStringLiteral("SMA")).size(),
         mContainer->reader()->count());
 
-    // Properties change a parameter by name and recompute.
-    IndicatorPropertiesDialog dialog(rsi);
-    dialog.field(QStringLiteral("Period"))->setValue(3);
-    dialog.slotApply();
-    QCOMPARE(rsi->label(), QStringLiteral("RSI(3,70,30)"));
-
     // Removing a pane's only indicator closes the pane.
     rsiPane->slotRemoveIndicatorLayer();
     QTRY_COMPARE(mContainer->views().size(), 2);
+}
+
+void TestContainer::propertiesDialog_data()
+{
+    QTest::addColumn<float>("value");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<float>("stored");
+    QTest::newRow("whole-number") << 7.0f << "7"
+                                  << "10" << 10.0f;
+    QTest::newRow("negative-whole-number") << -3.0f << "-3"
+                                           << "-12" << -12.0f;
+    QTest::newRow("thousands-without-separator") << 12000.0f << "12000"
+                                                 << "2" << 2.0f;
+    QTest::newRow("one-decimal") << 2.5f << "2.5"
+                                 << "0.25" << 0.25f;
+    QTest::newRow("float-of-a-tenth") << 0.1f << "0.1"
+                                      << "0.7" << 0.7f;
+    QTest::newRow("four-decimals") << 0.0125f << "0.0125"
+                                   << "1.2345" << 1.2345f;
+    QTest::newRow("beyond-four-decimals") << 0.33333f << "0.3333"
+                                          << "0.00015" << 0.0001f;
+}
+
+// The dialog shows each parameter with the decimals it needs, takes what is typed to four
+// decimals, sets the parameters by name and recomputes.
+void TestContainer::propertiesDialog()
+{
+    QFETCH(float, value);
+    QFETCH(QString, typed);
+    QFETCH(float, stored);
+    std::unique_ptr<IndicatorLayer> rsi(
+        createBuiltinIndicator(QStringLiteral("RSI"), mContainer->reader(), nullptr));
+    rsi->setParameter(QStringLiteral("Period"), value);
+    rsi->init();
+    IndicatorPropertiesDialog dialog(rsi.get());
+    QDoubleSpinBox *field = dialog.field(QStringLiteral("Period"));
+    QTEST(field->text(), "shown");
+    QCOMPARE(dialog.field(QStringLiteral("LevelUp"))->text(), QStringLiteral("70"));
+
+    field->selectAll();
+    QTest::keyClicks(field, typed);
+    dialog.slotApply();
+    QCOMPARE(rsi->parameter(QStringLiteral("Period")), stored);
+    QVERIFY2(rsi->label().startsWith(QStringLiteral("RSI(%1,").arg(stored)),
+             qPrintable(rsi->label()));
+    QCOMPARE(rsi->bufferData(QStringLiteral("RSI")).size(), mContainer->reader()->count());
 }
 
 // A template replaces the panes and overlays shown before, sets the frame, zoom, type and

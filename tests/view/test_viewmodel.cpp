@@ -7,8 +7,10 @@
 #include "view/dateaxis.h"
 #include "view/minimap.h"
 #include "view/separators.h"
+#include "view/viewcanvas.h"
 #include "view/viewcolors.h"
 
+#include <QFontMetrics>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QtTest>
@@ -44,6 +46,10 @@ private slots:
     void separators_data();
     void separators();
     void dateAxisLabels();
+    void dateLabelTexts_data();
+    void dateLabelTexts();
+    void dateLabelsDoNotOverlap_data();
+    void dateLabelsDoNotOverlap();
     void miniMap();
 };
 
@@ -222,21 +228,74 @@ void TestViewModel::dateAxisLabels()
     QScopedPointer<OrdaneData::Reader> r(weekdays(QDate(2012, 9, 3), QDate(2012, 9, 25)));
     ChartGeometry g;
     const QLocale en(QLocale::English);
+    const auto full = DateAxis::LabelForm::Full;
     // zoom 8: every eighth bar is labelled.
-    QCOMPARE(DateAxis::labelAt(r.data(), g, 0, en), QStringLiteral("03.Sep.2012"));
-    QCOMPARE(DateAxis::labelAt(r.data(), g, 64, en), QStringLiteral("13.Sep.2012"));
-    QCOMPARE(DateAxis::labelAt(r.data(), g, 192, en), QString()); // past the last bar
+    QCOMPARE(DateAxis::labelAt(r.data(), g, 0, en, full), QStringLiteral("03.Sep.2012"));
+    QCOMPARE(DateAxis::labelAt(r.data(), g, 64, en, full), QStringLiteral("13.Sep.2012"));
+    QCOMPARE(DateAxis::labelAt(r.data(), g, 192, en, full), QString()); // past the last bar
     // zoom 64: every bar.
     g.setZoom(64);
-    QCOMPARE(DateAxis::labelAt(r.data(), g, 64, en), QStringLiteral("04.Sep.2012"));
-    QCOMPARE(DateAxis::labelAt(r.data(), g, 128, en), QStringLiteral("05.Sep.2012"));
-    // The month follows the interface language.
-    QCOMPARE(
-        DateAxis::labelAt(r.data(), g, 0, QLocale(QStringLiteral("ru"))),
-        QLocale(QStringLiteral("ru")).toString(QDate(2012, 9, 3), QStringLiteral("dd.MMM.yyyy")));
-    QVERIFY(DateAxis::labelAt(r.data(), g, 0, QLocale(QStringLiteral("ru"))) !=
-            QStringLiteral("03.Sep.2012"));
-    QCOMPARE(DateAxis::labelAt(nullptr, g, 0, en), QString());
+    QCOMPARE(DateAxis::labelAt(r.data(), g, 64, en, full), QStringLiteral("04.Sep.2012"));
+    QCOMPARE(DateAxis::labelAt(r.data(), g, 128, en, full), QStringLiteral("05.Sep.2012"));
+    QCOMPARE(DateAxis::labelAt(nullptr, g, 0, en, full), QString());
+}
+
+void TestViewModel::dateLabelTexts_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QDate>("date");
+    QTest::addColumn<int>("form");
+    QTest::addColumn<QString>("label");
+    const int full = int(DateAxis::LabelForm::Full);
+    const int shortYear = int(DateAxis::LabelForm::ShortYear);
+    const int numeric = int(DateAxis::LabelForm::Numeric);
+    QTest::newRow("de-month-ending-in-a-full-stop")
+        << "de" << QDate(2012, 8, 2) << full << QStringLiteral("02.Aug.2012");
+    QTest::newRow("de-month-without-a-full-stop")
+        << "de" << QDate(2012, 3, 5) << shortYear << QStringLiteral("05.März.12");
+    QTest::newRow("ru-month-ending-in-a-full-stop")
+        << "ru" << QDate(2011, 11, 18) << full << QStringLiteral("18.нояб.2011");
+    QTest::newRow("ru-may-as-in-a-date")
+        << "ru" << QDate(2011, 5, 18) << shortYear << QStringLiteral("18.мая.11");
+    QTest::newRow("ru-numeric") << "ru" << QDate(2011, 11, 8) << numeric
+                                << QStringLiteral("08.11.11");
+}
+
+void TestViewModel::dateLabelTexts()
+{
+    QFETCH(QString, locale);
+    QFETCH(QDate, date);
+    QFETCH(int, form);
+    QTEST(DateAxis::dateLabel(date, QLocale(locale), DateAxis::LabelForm(form)), "label");
+}
+
+void TestViewModel::dateLabelsDoNotOverlap_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::newRow("en") << "en";
+    QTest::newRow("de") << "de";
+    QTest::newRow("ru") << "ru";
+}
+
+void TestViewModel::dateLabelsDoNotOverlap()
+{
+    QFETCH(QString, locale);
+    // A year of bars at the zoom of a new chart, labelled in the chart's font.
+    QScopedPointer<OrdaneData::Reader> r(weekdays(QDate(2011, 1, 3), QDate(2011, 12, 30)));
+    ChartGeometry g;
+    const QFont font = ViewCanvas(&g).font();
+    const QFontMetrics metrics(font);
+    const DateAxis::LabelForm form = DateAxis::labelForm(QLocale(locale), font);
+    QSet<int> months;
+    for (int x = 0; g.barAt(x + DateAxis::kPitch) < r->count(); x += DateAxis::kPitch) {
+        const QString label = DateAxis::labelAt(r.data(), g, x, QLocale(locale), form);
+        QVERIFY2(!label.contains(QLatin1String("..")), qPrintable(label));
+        const int end = x + DateAxis::kLabelOffset + metrics.horizontalAdvance(label);
+        const int next = x + DateAxis::kPitch + DateAxis::kLabelOffset;
+        QVERIFY2(end + DateAxis::kGap <= next, qPrintable(label));
+        months.insert(r->bar(g.barAt(x)).date().month());
+    }
+    QCOMPARE(months.size(), 12);
 }
 
 void TestViewModel::miniMap()

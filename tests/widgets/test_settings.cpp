@@ -8,6 +8,7 @@
 #include "widgets/virtualresolutiondialog.h"
 
 #include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -167,7 +168,12 @@ void TestSettings::languagePage()
 void TestSettings::updatesPageStoresItsKeysOnApply()
 {
     {
+        // No address comes with the program, and the field does not suggest one.
         UpdatesPage page;
+        auto *field = page.findChild<QLineEdit *>(QStringLiteral("UpdatesPageUrl"));
+        QVERIFY(page.updateUrl().isEmpty());
+        QVERIFY(!field->placeholderText().isEmpty());
+        QVERIFY(!field->placeholderText().contains(QLatin1String("://")));
         QVERIFY(!page.checkAtStart());
         page.setCheckAtStart(true);
         page.setUpdateUrl(QStringLiteral("  http://localhost/version.txt "));

@@ -145,22 +145,10 @@ ViewSettings::ViewSettings(QWidget *parent)
     , mParameters(new ViewParameters(this))
 {
     setObjectName(QStringLiteral("ViewSettings"));
-    auto *apply = new QPushButton(tr("&Apply"), this);
-    apply->setObjectName(QStringLiteral("ViewSettingsApply"));
-    apply->setEnabled(false);
-    connect(apply, &QPushButton::clicked, this, &ViewSettings::slotApply);
-    connect(mParameters, &ViewParameters::parametersChanged, apply,
-            [apply] { apply->setEnabled(true); });
-    connect(this, &ViewSettings::applied, apply, [apply] { apply->setEnabled(false); });
     connect(mParameters, &ViewParameters::stored, this, &ViewSettings::applied);
-
-    auto *row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(apply);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(mParameters);
-    layout->addLayout(row);
 }
 
 void ViewSettings::slotApply()

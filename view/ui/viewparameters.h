@@ -46,8 +46,9 @@ private:
     QCheckBox *mThreeD;
 };
 
-// Hosts the view parameters page: "&Apply" (and OK) store the page in the settings, after
-// which applied() tells the views to read them again.
+// Hosts the view parameters page. It has no buttons of its own: the dialog it sits in calls
+// slotApply() from its Apply and OK, as for every settings page, which stores the page in
+// the settings; applied() then tells the views to read them again.
 class ViewSettings : public QWidget
 {
     Q_OBJECT
