@@ -57,12 +57,12 @@ TemplateSetup setupOf(const OrdaneView::ChartTemplate &t, Context &context)
         setup.heights.append(t.splitter.first());
     for (const OrdaneView::TemplateIndicator &i : t.chartIndicators)
         if (known(i))
-            setup.overlays.append({i.name, i.parameters});
+            setup.overlays.append({i.name, i.parameters, true});
     for (int p = 0; p < t.panes.size(); ++p) {
         QList<IndicatorRequest> pane;
         for (const OrdaneView::TemplateIndicator &i : t.panes.at(p))
             if (known(i))
-                pane.append({i.name, i.parameters});
+                pane.append({i.name, i.parameters, true});
         if (pane.isEmpty())
             continue;
         setup.panes.append(pane);
@@ -191,8 +191,13 @@ int runRender(const QStringList &args, Context &context)
         picture.colors.threeD = setup.threeD;
     }
     picture.locale = QMWidgets::interfaceLocale();
-    const auto add = [](OrdaneView::ViewCanvas &canvas, const IndicatorRequest &request,
-                        bool master) {
+    // A name the indicator does not declare is found once it is initialised (a script
+    // declares its names in init()); the rest is then left undone and nothing is written.
+    QString unknownParameter;
+    const auto add = [&unknownParameter](OrdaneView::ViewCanvas &canvas,
+                                         const IndicatorRequest &request, bool master) {
+        if (!unknownParameter.isEmpty())
+            return;
         OrdaneView::IndicatorLayer *layer =
             OrdaneView::createIndicator(request.id, canvas.reader(), &canvas);
         for (auto it = request.params.cbegin(); it != request.params.cend(); ++it)
@@ -201,7 +206,9 @@ int runRender(const QStringList &args, Context &context)
         if (master)
             canvas.setMasterLayer(layer);
         layer->init();
-        layer->start();
+        if (request.fromTemplate ||
+            declaresParameters(request.id, *layer, request.params, &unknownParameter))
+            layer->start();
     };
     const QImage image = OrdaneView::renderChart(
         series, picture,
@@ -212,6 +219,11 @@ int runRender(const QStringList &args, Context &context)
                 for (int k = 0; k < panes.at(i).size(); ++k)
                     add(*paneCanvases.at(i), panes.at(i).at(k), k == 0);
         });
+
+    if (!unknownParameter.isEmpty()) {
+        context.err << "halcyra-cli render: " << unknownParameter << '\n';
+        return UsageError;
+    }
 
     QSaveFile file(parser.value(out));
     if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
