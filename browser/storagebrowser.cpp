@@ -2,6 +2,7 @@
 
 #include "core/setting.h"
 #include "data/home.h"
+#include "data/quotefile.h"
 #include "data/quotesource.h"
 #include "data/reader.h"
 #include "data/ui/editcsvdialog.h"
@@ -46,7 +47,7 @@ public:
             mReason = file.errorString();
             return false;
         }
-        if (!file.readLine(16).startsWith("Date")) {
+        if (!OrdaneData::hasQuoteFileHeader(&file)) {
             mFailure = NotQuotes;
             return false;
         }

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace Cli {
@@ -29,17 +30,29 @@ bool Context::knowsIndicator(const QString &id)
 
 QString Context::quoteFile(const QString &file)
 {
-    if (QFileInfo(file).isFile())
-        return file;
+    QString path;
     QString error;
-    if (OrdaneData::Home::setPath(home, &error) && OrdaneData::Home::prepare(&error)) {
+    if (QFileInfo(file).isFile()) {
+        path = file;
+    } else if (OrdaneData::Home::setPath(home, &error) && OrdaneData::Home::prepare(&error)) {
         for (const QString &candidate :
              {OrdaneData::fileOf(file), OrdaneData::storagePath() + QLatin1Char('/') + file}) {
-            if (QFileInfo(candidate).isFile())
-                return candidate;
+            if (QFileInfo(candidate).isFile()) {
+                path = candidate;
+                break;
+            }
         }
-        error = QStringLiteral("no such file or stored symbol: %1").arg(file);
+        if (path.isEmpty())
+            error = QStringLiteral("no such file or stored symbol: %1").arg(file);
     }
+    // Checked as the program checks a stored file before loading it, and told in its words.
+    // A file that cannot be opened is left to the command, which says it cannot read it.
+    QFile opened(path);
+    if (!path.isEmpty() && opened.open(QIODevice::ReadOnly) &&
+        !OrdaneData::hasQuoteFileHeader(&opened))
+        error = QStringLiteral("%1 is not a quote file.").arg(path);
+    if (error.isEmpty())
+        return path;
     err << "halcyra-cli: " << error << Qt::endl;
     return QString();
 }

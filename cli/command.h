@@ -19,7 +19,8 @@ struct Context
 
     // FILE as given when it names a file; otherwise the stored file of the symbol FILE
     // (or FILE inside the storage folder) in the home folder, whose samples are
-    // installed on first use. Empty, with a message on err, when neither exists.
+    // installed on first use. Empty, with a message on err, when neither exists, or when
+    // the file is not a quote file (the program's test: its first line starts with "Date").
     QString quoteFile(const QString &file);
     // Makes `home` the home folder of this run and prepares it; false with a message on err
     // when that fails.

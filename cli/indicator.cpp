@@ -80,6 +80,10 @@ int runIndicator(const QStringList &args, Context &context)
     for (auto it = params.cbegin(); it != params.cend(); ++it)
         indicator->setParameter(it.key(), it.value());
     indicator->init();
+    if (!declaresParameters(id, *indicator, params, &error)) {
+        context.err << "halcyra-cli indicator: " << error << '\n';
+        return UsageError;
+    }
     indicator->start();
 
     const auto &buffers = indicator->buffers();

@@ -1,5 +1,8 @@
 #include "indicatorargs.h"
 
+#include "indicators/catalogue.h"
+#include "indicators/script/userindicator.h"
+
 #include <QStringList>
 
 namespace Cli {
@@ -32,6 +35,30 @@ bool parseIndicatorRequest(const QString &text, IndicatorRequest &request, QStri
     for (const QString &pair : pairs)
         if (!parseParam(pair, request.params, error))
             return false;
+    return true;
+}
+
+bool declaresParameters(const QString &id, const OrdaneView::IndicatorLayer &indicator,
+                        const QMap<QString, float> &params, QString *error)
+{
+    QStringList declared;
+    if (const auto *script = qobject_cast<const OrdaneView::UserIndicator *>(&indicator)) {
+        declared = script->declaredParameters();
+    } else if (const OrdaneView::IndicatorEntry *entry =
+                   OrdaneView::findIndicator(indicator.name())) {
+        for (const auto &p : entry->params)
+            declared.append(QLatin1String(p.name));
+    }
+    for (auto it = params.cbegin(); it != params.cend(); ++it) {
+        if (declared.contains(it.key()))
+            continue;
+        *error = QStringLiteral("%1 has no parameter \"%2\" (%3)")
+                     .arg(id, it.key(),
+                          declared.isEmpty() ? QStringLiteral("it has none")
+                                             : QStringLiteral("its parameters: ") +
+                                                   declared.join(QStringLiteral(", ")));
+        return false;
+    }
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "data/reader.h"
 #include "data/readerh.h"
 #include "indicatorargs.h"
+#include "indicators/indicatorlayer.h"
 #include "indicators/script/indicatorfactory.h"
 #include "view/chartgeometry.h"
 #include "view/chartrenderer.h"
@@ -58,12 +59,12 @@ TemplateSetup setupOf(const OrdaneView::ChartTemplate &t, Context &context)
         setup.heights.append(t.splitter.first());
     for (const OrdaneView::TemplateIndicator &i : t.chartIndicators)
         if (known(i))
-            setup.overlays.append({i.name, i.parameters});
+            setup.overlays.append({i.name, i.parameters, true});
     for (int p = 0; p < t.panes.size(); ++p) {
         QList<IndicatorRequest> pane;
         for (const OrdaneView::TemplateIndicator &i : t.panes.at(p))
             if (known(i))
-                pane.append({i.name, i.parameters});
+                pane.append({i.name, i.parameters, true});
         if (pane.isEmpty())
             continue;
         setup.panes.append(pane);
@@ -202,14 +203,30 @@ int runRender(const QStringList &args, Context &context)
     session.setColoured(colored);
     session.geometry()->setZoom(zoomValue);
     session.priceLayer()->setLabel(QFileInfo(path).completeBaseName());
+    // A name the indicator does not declare is found once it is initialised (a script
+    // declares its names in init()); nothing is written then.
+    QString unknownParameter;
+    const auto add = [&](OrdaneView::ViewCanvas *canvas, const IndicatorRequest &request,
+                         bool master) {
+        auto *layer = qobject_cast<OrdaneView::IndicatorLayer *>(
+            session.addIndicator(canvas, request.id, master, request.params));
+        return request.fromTemplate ||
+               (layer && declaresParameters(request.id, *layer, request.params, &unknownParameter));
+    };
+    bool declared = true;
     for (const IndicatorRequest &request : qAsConst(overlays))
-        session.addIndicator(session.chart(), request.id, false, request.params);
+        declared = declared && add(session.chart(), request, false);
     for (const QList<IndicatorRequest> &pane : qAsConst(panes)) {
         OrdaneView::ViewCanvas *canvas = session.addPane();
         for (int k = 0; k < pane.size(); ++k)
-            session.addIndicator(canvas, pane.at(k).id, k == 0, pane.at(k).params);
+            declared = declared && add(canvas, pane.at(k), k == 0);
     }
-    const QImage image = OrdaneView::renderChart(session, picture);
+    const QImage image = declared ? OrdaneView::renderChart(session, picture) : QImage();
+
+    if (!unknownParameter.isEmpty()) {
+        context.err << "halcyra-cli render: " << unknownParameter << '\n';
+        return UsageError;
+    }
 
     QSaveFile file(parser.value(out));
     if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {

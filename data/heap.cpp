@@ -1,5 +1,10 @@
 #include "heap.h"
 
+// __GLIBC__ comes from the C library's own headers (features.h, which every standard header
+// includes): tested before any of them, it is never defined and the setting compiles to
+// nothing.
+#include <cstdlib>
+
 #if defined(__GLIBC__)
 #include <malloc.h>
 #endif

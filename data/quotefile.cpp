@@ -3,6 +3,7 @@
 #include "home.h"
 #include "reader.h"
 
+#include <QIODevice>
 #include <QSaveFile>
 
 #include <charconv>
@@ -264,6 +265,11 @@ QString formatLine(const QuoteBar &bar)
     line += QString::number(bar.volume());
     line += QLatin1String(",0.00");
     return line;
+}
+
+bool hasQuoteFileHeader(QIODevice *device)
+{
+    return device->readLine(16).startsWith("Date");
 }
 
 QString seriesToText(const QVector<QuoteBar> &barsOldestFirst)

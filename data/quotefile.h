@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVector>
 
+class QIODevice;
+
 // The stored quote file: one CSV text file per symbol, header first, newest bar first.
 //
 //   Date,Open,High,Low,Close,Volume,Adj Close
@@ -17,6 +19,11 @@ namespace OrdaneData {
 class Reader;
 
 inline constexpr char kQuoteFileHeader[] = "Date,Open,High,Low,Close,Volume,Adj Close";
+
+// Whether an open device holds a stored quote file: its first line starts with "Date", as the
+// header does. This is the test made before a stored file is loaded (a file failing it is
+// "not a quote file"); it reads at most the first line.
+bool hasQuoteFileHeader(QIODevice *device);
 
 // One line to one bar. The line may still carry its line end. Returns the invalid bar
 // when the line has not exactly seven fields, a price or the volume is neither a number

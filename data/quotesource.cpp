@@ -16,7 +16,7 @@ bool StorageSource::loadStored(Reader *reader, const QString &symbol)
 {
     const QString path = fileOf(symbol);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || !file.readLine(16).startsWith("Date"))
+    if (!file.open(QIODevice::ReadOnly) || !hasQuoteFileHeader(&file))
         return false;
     file.close();
     return reader->loadFile(path);

@@ -9,15 +9,19 @@
 //
 // Each reads its parameters by name (the catalogue default when a name is missing, periods
 // truncated to int) and returns every buffer of its identifier with one float per bar,
-// oldest first. When a period is below 1, or the series is not longer than one of the
-// periods, every buffer holds zeros. Bars before an indicator's first full window are 0.
+// oldest first. A period below 1, or one the series is not longer than, gives zeros where it
+// is used: an average taken with the series routines is all zeros under their guard (MACD
+// over a series not longer than SlowEMA is the fast average; Stochastic over one not longer
+// than DPeriod keeps K and has D all zeros), and every buffer built on such a window of the
+// indicator's own holds zeros. Bars before an indicator's first full window are 0.
 namespace Indicators {
 
 // "MACD": "MACD" = ema(FastEMA) - ema(SlowEMA) of the close, "SMA" = ema(Signal) of "MACD".
 Result computeMACD(const QVector<QuoteBar> &bars, const Params &params);
 // "OsMA": "OsMA" = the MACD line less its signal line (FastEMA, SlowEMA, Signal).
 Result computeOsMA(const QVector<QuoteBar> &bars, const Params &params);
-// "Impuls": MACD histogram, ema(EMA_Period) slope "ImpulsD", a colour per bar unless all zero.
+// "Impuls": MACD histogram, ema(EMA_Period) slope "ImpulsD", a colour per bar while both the
+// trend average and the MACD line have values.
 Result computeImpuls(const QVector<QuoteBar> &bars, const Params &params);
 // "RSI": "RSI" from bar Period on, in [0, 100]; 0 while the average loss is 0.
 Result computeRSI(const QVector<QuoteBar> &bars, const Params &params);

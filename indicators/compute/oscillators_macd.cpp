@@ -15,14 +15,24 @@ struct MacdLines
     Series signal;
 };
 
-// Both averages are seeded with the first close; the signal line averages the MACD line.
-// The same as ema(fast) - ema(slow) and ema(signal) of that, with the three averages run
-// in one loop: each waits only for its own previous value, so their steps overlap instead
-// of running one series after another. The caller has checked that the series is longer
-// than every period.
+// ema(fast) - ema(slow) of the close and ema(signal) of that difference, each average seeded
+// with its first value and under its own guard, so that over a series not longer than the slow
+// period the line is the fast average alone. When every average has values, the three run in
+// one loop, each waiting only for its own previous value, so that their steps overlap instead
+// of running one series after another; EmaStep rounds as ema does, so the lines are the same to
+// the bit. The loop knows nothing of the guard: a series too short for one of the averages
+// takes the plain routines instead (being short, it costs little).
 MacdLines macdLines(const Series &close, int fast, int slow, int signal)
 {
     const int n = close.size();
+    if (tooShort(n, {fast, slow, signal})) {
+        MacdLines lines{ema(fast, close), Series()};
+        const Series slowLine = ema(slow, close);
+        for (int i = 0; i < n; ++i)
+            lines.macd[i] -= slowLine[i];
+        lines.signal = ema(signal, lines.macd);
+        return lines;
+    }
     MacdLines lines{Series(n), Series(n)};
     const EmaStep fastStep(fast);
     const EmaStep slowStep(slow);
@@ -75,8 +85,6 @@ Result computeMACD(const QVector<QuoteBar> &bars, const Params &params)
     const int fast = period(params, QStringLiteral("FastEMA"), 12);
     const int slow = period(params, QStringLiteral("SlowEMA"), 26);
     const int signal = period(params, QStringLiteral("Signal"), 9);
-    if (tooShort(bars.size(), {fast, slow, signal}))
-        return zeroResult(bars.size(), {QStringLiteral("MACD"), QStringLiteral("SMA")});
     const MacdLines lines = macdLines(closes(bars), fast, slow, signal);
     Result r;
     r.buffers.insert(QStringLiteral("MACD"), lines.macd);
@@ -90,8 +98,6 @@ Result computeOsMA(const QVector<QuoteBar> &bars, const Params &params)
     const int fast = period(params, QStringLiteral("FastEMA"), 12);
     const int slow = period(params, QStringLiteral("SlowEMA"), 26);
     const int signal = period(params, QStringLiteral("Signal"), 9);
-    if (tooShort(bars.size(), {fast, slow, signal}))
-        return zeroResult(bars.size(), {QStringLiteral("OsMA")});
     return singleBuffer(QStringLiteral("OsMA"), histogram(closes(bars), fast, slow, signal));
 }
 
@@ -102,23 +108,26 @@ Result computeImpuls(const QVector<QuoteBar> &bars, const Params &params)
     const int signal = period(params, QStringLiteral("MACD_Signal"), 9);
     const int trend = period(params, QStringLiteral("EMA_Period"), 26);
     const int n = bars.size();
-    if (tooShort(n, {fast, slow, signal, trend}))
-        return zeroResult(n, {QStringLiteral("Impuls"), QStringLiteral("ImpulsD")});
     const Series close = closes(bars);
     const Series hist = histogram(close, fast, slow, signal);
     const Series e = ema(trend, close);
-    // Elder's impulse: green when the trend average and the histogram both rise, red when
-    // both fall, blue when they disagree or stand still.
     Result r;
     Series slope(n, 0.0f);
-    r.barColours.set(0, QColor(0x00, 0x00, 0xFF));
-    for (int i = 1; i < n; ++i) {
+    for (int i = 1; i < n; ++i)
         slope[i] = e[i] - e[i - 1];
-        const bool up = e[i] > e[i - 1] && hist[i] > hist[i - 1];
-        const bool down = e[i] < e[i - 1] && hist[i] < hist[i - 1];
-        r.barColours.set(i, up     ? QColor(0x32, 0xCD, 0x32)
-                            : down ? QColor(0xFF, 0x00, 0x00)
-                                   : QColor(0x00, 0x00, 0xFF));
+    // Elder's impulse: green when the trend average and the histogram both rise, red when
+    // both fall, blue when they disagree or stand still. Bars are judged only when both have
+    // values: a trend average, or a MACD line, that the guard leaves all zeros stands still
+    // and would make every bar blue.
+    if (!tooShort(n, {trend}) && !(tooShort(n, {fast}) && tooShort(n, {slow}))) {
+        r.barColours.set(0, QColor(0x00, 0x00, 0xFF));
+        for (int i = 1; i < n; ++i) {
+            const bool up = e[i] > e[i - 1] && hist[i] > hist[i - 1];
+            const bool down = e[i] < e[i - 1] && hist[i] < hist[i - 1];
+            r.barColours.set(i, up     ? QColor(0x32, 0xCD, 0x32)
+                                : down ? QColor(0xFF, 0x00, 0x00)
+                                       : QColor(0x00, 0x00, 0xFF));
+        }
     }
     r.buffers.insert(QStringLiteral("Impuls"), hist);
     r.buffers.insert(QStringLiteral("ImpulsD"), slope);

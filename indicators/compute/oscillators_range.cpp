@@ -30,7 +30,8 @@ Result computeStochastic(const QVector<QuoteBar> &bars, const Params &params)
     const int dPeriod = period(params, QStringLiteral("DPeriod"), 3);
     const int slowing = period(params, QStringLiteral("Slowing"), 3);
     const int n = bars.size();
-    if (tooShort(n, {kPeriod, dPeriod, slowing}))
+    // DPeriod only smooths K into D, so it guards D alone (the guard of sma).
+    if (tooShort(n, {kPeriod, slowing}))
         return zeroResult(n, {QStringLiteral("K"), QStringLiteral("D")});
     const Series low = lows(bars);
     const Series high = highs(bars);

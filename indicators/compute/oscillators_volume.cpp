@@ -65,8 +65,8 @@ Result computeCHO(const QVector<QuoteBar> &bars, const Params &params)
 {
     const int fast = period(params, QStringLiteral("Period1"), 3);
     const int slow = period(params, QStringLiteral("Period2"), 10);
-    if (tooShort(bars.size(), {fast, slow}))
-        return zeroResult(bars.size(), {QStringLiteral("CHO")});
+    // Each average under its own guard: over a series not longer than Period2 the result is
+    // the fast average alone.
     const Series ad = accumulation(bars);
     Series r = ema(fast, ad);
     const Series s = ema(slow, ad);

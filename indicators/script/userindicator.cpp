@@ -333,6 +333,8 @@ void UserIndicator::setReader(OrdaneData::ReaderH reader)
 
 void UserIndicator::createParameter(const QString &name, float value)
 {
+    if (!mDeclaredParameters.contains(name))
+        mDeclaredParameters.append(name);
     if (!parameters().contains(name))
         setParameter(name, value);
 }

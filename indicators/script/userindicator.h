@@ -46,6 +46,9 @@ public:
     bool isPacked() const { return mPacked; }
     // Whether the file was read and evaluated without error.
     bool isLoaded() const { return mLoaded; }
+    // The parameters the script has created (createParameter), in the order it first created
+    // them; complete once init() has run.
+    const QStringList &declaredParameters() const { return mDeclaredParameters; }
     QScriptEngine *engine() const { return mEngine.get(); }
 
     // A debugger attached to the engine (owned by the indicator from then on); while one is
@@ -124,6 +127,7 @@ private:
     Scripts::ScriptImage *mImage = nullptr;
     QPointer<QObject> mDebugger;
     bool mOwnRange = false;
+    QStringList mDeclaredParameters;
     QMap<int, QString> mBoxLabels;
     QList<QPointer<QObject>> mStartIndicators;
     QList<QPointer<QObject>> mInitIndicators;

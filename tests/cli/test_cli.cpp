@@ -50,13 +50,15 @@ private slots:
     void templatePrintsTheSavedForm();
     void renderFollowsATemplate();
     void patternsClassifyEveryBar();
-    void realProcessReportsFailures();
+    void realProcess_data();
+    void realProcess();
     void scriptsRunAndPack();
 
 private:
     QTemporaryDir mDir;
     QString mFile;
     QString mText;
+    QString mScript; // a script declaring Period and Gain
 };
 
 void TestCli::initTestCase()
@@ -76,6 +78,12 @@ void TestCli::initTestCase()
     mText = OrdaneData::seriesToText(bars);
     mFile = mDir.filePath(QStringLiteral("X.csv"));
     QVERIFY(OrdaneData::writeText(mFile, mText));
+    mScript = mDir.filePath(QStringLiteral("Trend.js"));
+    QVERIFY(
+        OrdaneData::writeText(mScript, QStringLiteral("function init() {\n"
+                                                      "    Trend.createParameter('Period', 5);\n"
+                                                      "    Trend.createParameter('Gain', 2);\n"
+                                                      "}\n")));
 }
 
 void TestCli::exitStatus_data()
@@ -104,6 +112,9 @@ void TestCli::exitStatus_data()
     row("bars-missing-file", {S("--home"), mDir.path(), S("bars"), S("/nonexistent/X.csv")}, 1,
         "no such file");
     row("bars-ok", {S("bars"), file}, 0, "Date,Open,High,Low,Close,Volume,Adj Close");
+    const QString gzipped = QFINDTESTDATA("../data/cli/gzipped_quote_file.csv.gz");
+    QTest::newRow("bars-binary-file")
+        << QStringList{S("bars"), gzipped} << 1 << gzipped + S(" is not a quote file.");
     const QString png = mDir.filePath(QStringLiteral("x.png"));
     row("render-without-out", {S("render"), file}, 2, "--out PNG");
     row("render-unknown-type", {S("render"), file, S("--out"), png, S("--type"), S("pie")}, 2,
@@ -117,6 +128,27 @@ void TestCli::exitStatus_data()
         "Unknown indicator: Nope");
     row("render-bad-indicator-param",
         {S("render"), file, S("--out"), png, S("--overlay"), S("SMA:Period")}, 2, "NAME=VALUE");
+    // A name the indicator does not declare is a usage error on the command line, while a
+    // template's are kept as the program keeps them ("Devitation" in BollingerBands.tt).
+    const char *rsiParameters = "RSI has no parameter \"Perod\" "
+                                "(its parameters: Period, LevelUp, LevelDown)";
+    row("render-unknown-pane-parameter",
+        {S("render"), file, S("--out"), png, S("--indicator"), S("RSI:Perod=5")}, 2, rsiParameters);
+    row("render-unknown-overlay-parameter",
+        {S("render"), file, S("--out"), png, S("--overlay"), S("SMA:Period=3,Perod=5")}, 2,
+        "SMA has no parameter \"Perod\" (its parameters: Period)");
+    row("render-template-keeps-unknown-parameters",
+        {S("render"), file, S("--out"), png, S("--template"), S(":/Templates/BollingerBands.tt")},
+        0, "wrote");
+    row("indicator-unknown-parameter", {S("indicator"), S("RSI"), file, S("--param"), S("Perod=5")},
+        2, rsiParameters);
+    row("indicator-parameter-of-none", {S("indicator"), S("Volume"), file, S("--param"), S("X=1")},
+        2, "Volume has no parameter \"X\" (it has none)");
+    QTest::newRow("indicator-script-unknown-parameter")
+        << QStringList{S("indicator"), mScript, file, S("--param"), S("Perod=5")} << 2
+        << mScript + S(" has no parameter \"Perod\" (its parameters: Period, Gain)");
+    row("indicator-script-declared-parameter",
+        {S("indicator"), mScript, file, S("--param"), S("Gain=1")}, 0, "Date");
     row("indicator-unknown", {S("indicator"), S("Nope"), file}, 2, "Unknown indicator: Nope");
     row("indicator-bad-param", {S("indicator"), S("EMA"), file, S("--param"), S("Period=x")}, 2,
         "NAME=VALUE");
@@ -395,20 +427,47 @@ void TestCli::patternsClassifyEveryBar()
     QCOMPARE(out.first(), QStringLiteral("2012-10-03,None,0"));
 }
 
-void TestCli::realProcessReportsFailures()
+// The tool as run on a server, in a container or by a build job: as whoever it runs as, with
+// no XDG_RUNTIME_DIR. A successful command writes nothing on the error stream.
+void TestCli::realProcess_data()
 {
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("says"); // on stdout for 0, on stderr otherwise
+
+    const auto S = [](const char *s) {
+        return QString::fromLatin1(s);
+    };
+    const QString png = mDir.filePath(S("process.png"));
+    QTest::newRow("version") << QStringList{S("--version")} << 0 << S("halcyra-cli 2.0\n");
+    QTest::newRow("bars") << QStringList{S("bars"), mFile} << 0 << mText;
+    QTest::newRow("indicator") << QStringList{S("indicator"), S("RSI"), mFile} << 0
+                               << S("Date,RSI\n");
+    QTest::newRow("render") << QStringList{S("render"),      mFile,    S("--out"),     png,
+                                           S("--indicator"), S("RSI"), S("--overlay"), S("SMA")}
+                            << 0 << S("wrote ");
+    QTest::newRow("missing-file") << QStringList{S("bars"), S("/nonexistent")} << 1
+                                  << S("no such file");
+}
+
+void TestCli::realProcess()
+{
+    QFETCH(QStringList, args);
+    QFETCH(int, status);
+    QFETCH(QString, says);
     QProcess cli;
-    cli.start(QStringLiteral(HALCYRA_CLI),
-              {QStringLiteral("bars"), QStringLiteral("/nonexistent")});
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("XDG_RUNTIME_DIR"));
+    cli.setProcessEnvironment(environment);
+    cli.start(QStringLiteral(HALCYRA_CLI), args);
     QVERIFY(cli.waitForFinished(30000));
     QCOMPARE(cli.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(cli.exitCode(), 1);
-    QVERIFY(cli.readAllStandardError().contains("no such file"));
-
-    cli.start(QStringLiteral(HALCYRA_CLI), {QStringLiteral("--version")});
-    QVERIFY(cli.waitForFinished(30000));
-    QCOMPARE(cli.exitCode(), 0);
-    QCOMPARE(cli.readAllStandardOutput(), QByteArray("halcyra-cli 2.0\n"));
+    QCOMPARE(cli.exitCode(), status);
+    const QString out = QString::fromUtf8(cli.readAllStandardOutput());
+    const QString err = QString::fromUtf8(cli.readAllStandardError());
+    QVERIFY2((status == 0 ? out : err).contains(says), qPrintable(out + err));
+    if (status == 0)
+        QVERIFY2(err.isEmpty(), qPrintable(err));
 }
 
 // A script file runs by its path, plain or packed by the tool; its message box becomes a line
@@ -431,7 +490,8 @@ void TestCli::scriptsRunAndPack()
         cli.start(QStringLiteral(HALCYRA_CLI), {QStringLiteral("indicator"), path, mFile});
         QVERIFY(cli.waitForFinished(30000));
         QCOMPARE(cli.exitCode(), 0);
-        const QStringList lines = QString::fromUtf8(cli.readAllStandardOutput()).split(QLatin1Char('\n'));
+        const QStringList lines =
+            QString::fromUtf8(cli.readAllStandardOutput()).split(QLatin1Char('\n'));
         QCOMPARE(lines.first(), QStringLiteral("Date,C"));
         QCOMPARE(lines.at(1), QStringLiteral("2012-01-30,11"));
         QCOMPARE(lines.size(), 1 + 25 + 1);

@@ -53,6 +53,7 @@ private slots:
     void handComputed_data();
     void handComputed();
     void bollingerBandsAroundMiddle();
+    void bollingerBandsMatchThePlainLoop_data();
     void bollingerBandsMatchThePlainLoop();
     void columnsFollowTheirSeries();
 };
@@ -150,29 +151,44 @@ void TestAverages::bollingerBandsAroundMiddle()
     }
 }
 
-// The bands are worked out for many bars side by side; bar by bar, as stated, over a series
-// long enough for several blocks, they are the same to the bit.
+// The bands are worked out for many bars side by side; bar by bar, as stated, they are the same
+// to the bit: over a series long enough for several blocks, and over series one bar shorter
+// than, as long as and one bar longer than the period, where the guard decides.
+void TestAverages::bollingerBandsMatchThePlainLoop_data()
+{
+    QTest::addColumn<int>("period");
+    QTest::addColumn<int>("n");
+    for (const int p : {1, 7, 20})
+        QTest::addRow("period-%d-long-walk", p) << p << 5000;
+    for (const int n : {39, 40, 41})
+        QTest::addRow("period-40-over-%d-bars", n) << 40 << n;
+}
+
 void TestAverages::bollingerBandsMatchThePlainLoop()
 {
-    const Series close = walk(5000);
-    for (const int p : {1, 7, 20}) {
-        const Result r = computeBollingerBands(bars(close), with({{"Period", float(p)}}));
-        for (int i = p; i < close.size(); ++i) {
-            float sum = 0.0f;
-            for (int j = i - p; j < i; ++j)
-                sum += close[j];
-            const float mean = sum / float(p);
-            float squares = 0.0f;
-            for (int j = i - p; j < i; ++j) {
-                const double d = close[j] - mean;
-                squares = float(squares + d * d);
-            }
-            const float s = std::sqrt(squares / float(p));
-            QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsMiddle"))[i], mean);
-            QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsUpper"))[i], mean + 2.0f * s);
-            QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsLower"))[i], mean - 2.0f * s);
+    QFETCH(int, period);
+    QFETCH(int, n);
+    const Series close = walk(n);
+    const Result r = computeBollingerBands(bars(close), with({{"Period", float(period)}}));
+    Series middle(n, 0.0f), upper(n, 0.0f), lower(n, 0.0f);
+    for (int i = period; i < n; ++i) {
+        float sum = 0.0f;
+        for (int j = i - period; j < i; ++j)
+            sum += close[j];
+        const float mean = sum / float(period);
+        float squares = 0.0f;
+        for (int j = i - period; j < i; ++j) {
+            const double d = close[j] - mean;
+            squares = float(squares + d * d);
         }
+        const float s = std::sqrt(squares / float(period));
+        middle[i] = mean;
+        upper[i] = mean + 2.0f * s;
+        lower[i] = mean - 2.0f * s;
     }
+    QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsMiddle")), middle);
+    QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsUpper")), upper);
+    QCOMPARE(r.buffers.value(QStringLiteral("BollingerBandsLower")), lower);
 }
 
 // The price columns of a long series are kept between computations; a changed series, a

@@ -10,8 +10,10 @@
 #include <QTextStream>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
+#include <vector>
 
 using namespace Indicators;
 using namespace Indicators::OscillatorParts;
@@ -68,6 +70,247 @@ int firstDifference(const Series &a, const Series &b)
             return i;
     return -1;
 }
+
+// The plain forms: each formula as stated, bar by bar, through the plain series routines
+// under their own guards. The computations reach the same values by fused loops, vector
+// clones and chunks, and must do so to the bit.
+namespace Plain {
+using Buffers = QMap<QString, Series>;
+
+int at(const Params &p, const char *name)
+{
+    return int(p.value(QLatin1String(name)));
+}
+
+Series minus(Series a, const Series &b)
+{
+    for (int i = 0; i < a.size(); ++i)
+        a[i] -= b[i];
+    return a;
+}
+
+Series closing(const QVector<QuoteBar> &b)
+{
+    Series c;
+    for (const QuoteBar &bar : b)
+        c.append(bar.close());
+    return c;
+}
+
+Buffers one(const char *name, const Series &values)
+{
+    return {{QLatin1String(name), values}};
+}
+
+Buffers macd(const QVector<QuoteBar> &b, const Params &p)
+{
+    const Series line = minus(ema(at(p, "FastEMA"), closing(b)), ema(at(p, "SlowEMA"), closing(b)));
+    return {{QStringLiteral("MACD"), line}, {QStringLiteral("SMA"), ema(at(p, "Signal"), line)}};
+}
+
+Buffers osma(const QVector<QuoteBar> &b, const Params &p)
+{
+    const Buffers lines = macd(b, p);
+    return one("OsMA", minus(lines.first(), lines.last()));
+}
+
+Buffers impuls(const QVector<QuoteBar> &b, const Params &p)
+{
+    const Params asMacd = {{QStringLiteral("FastEMA"), p.value(QStringLiteral("MACD_Fast"))},
+                           {QStringLiteral("SlowEMA"), p.value(QStringLiteral("MACD_Slow"))},
+                           {QStringLiteral("Signal"), p.value(QStringLiteral("MACD_Signal"))}};
+    const Series e = ema(at(p, "EMA_Period"), closing(b));
+    Series slope(e.size(), 0.0f);
+    for (int i = 1; i < e.size(); ++i)
+        slope[i] = e[i] - e[i - 1];
+    return {{QStringLiteral("Impuls"), osma(b, asMacd).first()},
+            {QStringLiteral("ImpulsD"), slope}};
+}
+
+Buffers cho(const QVector<QuoteBar> &b, const Params &p)
+{
+    const Series ad = computeAD(b, Params()).buffers.first();
+    return one("CHO", minus(ema(at(p, "Period1"), ad), ema(at(p, "Period2"), ad)));
+}
+
+// Rescans from the sentinels 1e6 and -1e6.
+Buffers stochastic(const QVector<QuoteBar> &b, const Params &p)
+{
+    const int kp = at(p, "KPeriod"), slowing = at(p, "Slowing"), n = b.size();
+    Series k(n, 0.0f);
+    for (int i = kp + slowing - 2; n > kp && n > slowing && i < n; ++i) {
+        float above = 0.0f, range = 0.0f;
+        for (int j = i; j > i - slowing; --j) {
+            float ll = 1000000.0f, hh = -1000000.0f;
+            for (int m = j; m > j - kp; --m) {
+                ll = b[m].low() < ll ? b[m].low() : ll;
+                hh = b[m].high() > hh ? b[m].high() : hh;
+            }
+            above += b[j].close() - ll;
+            range += hh - ll;
+        }
+        k[i] = range == 0.0f ? 100.0f : above / range * 100.0f;
+    }
+    return {{QStringLiteral("K"), k}, {QStringLiteral("D"), sma(at(p, "DPeriod"), k)}};
+}
+
+// Gains and losses with branches.
+Buffers rsi(const QVector<QuoteBar> &b, const Params &p)
+{
+    const int period = at(p, "Period"), n = b.size();
+    Series r(n, 0.0f);
+    float gain = 0.0f, loss = 0.0f;
+    for (int i = 1; n > period && i < n; ++i) {
+        const float c = b[i].close() - b[i - 1].close();
+        const float g = c > 0.0f ? c : 0.0f;
+        const float l = c <= 0.0f ? -c : 0.0f;
+        gain = i <= period ? gain + g : (gain * float(period - 1) + g) / float(period);
+        loss = i <= period ? loss + l : (loss * float(period - 1) + l) / float(period);
+        gain /= i == period ? float(period) : 1.0f;
+        loss /= i == period ? float(period) : 1.0f;
+        r[i] = i < period || loss == 0.0f ? 0.0f : 100.0f - 100.0f / (1.0f + gain / loss);
+    }
+    return one("RSI", r);
+}
+
+Buffers obv(const QVector<QuoteBar> &b, const Params &)
+{
+    Series r(b.size(), float(b.value(0).volume()));
+    for (int i = 1; i < b.size(); ++i) {
+        const float v = float(b[i].volume());
+        const float c = b[i].close() - b[i - 1].close();
+        r[i] = c > 0.0f ? r[i - 1] + v : c < 0.0f ? r[i - 1] - v : r[i - 1];
+    }
+    return one("OBV", r);
+}
+
+// Conditional sums over each window.
+Buffers mfi(const QVector<QuoteBar> &b, const Params &p)
+{
+    const int period = at(p, "Period"), n = b.size();
+    Series r(n, 0.0f);
+    for (int i = period; period >= 1 && i < n; ++i) {
+        float up = 0.0f, down = 0.0f;
+        for (int j = i; j > i - period; --j) {
+            const float t = typicalPrice(b[j]), before = typicalPrice(b[j - 1]);
+            up += t > before ? float(b[j].volume()) * t : 0.0f;
+            down += t < before ? float(b[j].volume()) * t : 0.0f;
+        }
+        r[i] = down == 0.0f ? 100.0f : 100.0f - 100.0f / (1.0f + up / down);
+    }
+    return one("MFI", r);
+}
+
+Series changes(const Series &v, int period, bool quotient)
+{
+    Series r(v.size(), 0.0f);
+    for (int i = std::max(period, 1); i < v.size(); ++i) {
+        const float base = v[i - period], d = v[i] - base;
+        r[i] = quotient       ? float(double(v[i]) / double(base) * 100.0)
+               : base == 0.0f ? d
+                              : d * 100.0f / base;
+    }
+    return r;
+}
+
+Buffers roc(const QVector<QuoteBar> &b, const Params &p)
+{
+    return one("ROC", changes(closing(b), at(p, "Period"), false));
+}
+
+Buffers vroc(const QVector<QuoteBar> &b, const Params &p)
+{
+    Series v;
+    for (const QuoteBar &bar : b)
+        v.append(float(bar.volume()));
+    return one("VROC", changes(v, at(p, "Period"), false));
+}
+
+Buffers momentum(const QVector<QuoteBar> &b, const Params &p)
+{
+    return one("Momentum", changes(closing(b), at(p, "Period"), true));
+}
+
+Buffers atr(const QVector<QuoteBar> &b, const Params &p)
+{
+    Series tr;
+    for (int i = 0; i < b.size(); ++i)
+        tr.append(i == 0 ? b[i].high() - b[i].low()
+                         : std::max(b[i].high(), b[i - 1].close()) -
+                               std::min(b[i].low(), b[i - 1].close()));
+    return one("ATR", sma(at(p, "Period"), tr));
+}
+
+// The mean deviation rescanned for every bar.
+Buffers cci(const QVector<QuoteBar> &b, const Params &p)
+{
+    const int period = at(p, "Period"), n = b.size();
+    Series tp, r(n, 0.0f);
+    for (const QuoteBar &bar : b)
+        tp.append(typicalPrice(bar));
+    const Series m = sma(period, tp);
+    for (int i = period - 1; n > period && i < n; ++i) {
+        float sum = 0.0f;
+        for (int j = i; j > i - period; --j)
+            sum += std::fabs(tp[j] - m[i]);
+        const float md = sum / float(period);
+        r[i] = md == 0.0f ? 0.0f : (tp[i] - m[i]) / (0.015f * md);
+    }
+    return one("CCI", r);
+}
+
+// Ehlers' weights (1, 2, 2, 1) / 6 and the window sums rescanned for every bar.
+Buffers rvi(const QVector<QuoteBar> &b, const Params &p)
+{
+    const int period = at(p, "Period"), n = b.size();
+    const auto weighted = [](const Series &x, int i) {
+        return (x[i] + 2.0f * x[i - 1] + 2.0f * x[i - 2] + x[i - 3]) / 6.0f;
+    };
+    Series body, range, r(n, 0.0f), signal(n, 0.0f);
+    for (const QuoteBar &bar : b) {
+        body.append(bar.close() - bar.open());
+        range.append(bar.high() - bar.low());
+    }
+    for (int i = period + 2; n > period && i < n; ++i) {
+        float up = 0.0f, down = 0.0f;
+        for (int j = i; j > i - period; --j) {
+            up += weighted(body, j);
+            down += weighted(range, j);
+        }
+        r[i] = down == 0.0f ? 0.0f : up / down;
+    }
+    for (int i = period + 5; n > period && i < n; ++i)
+        signal[i] = weighted(r, i);
+    return {{QStringLiteral("RVI"), r}, {QStringLiteral("RVISignal"), signal}};
+}
+} // namespace Plain
+
+// A plain form, and the periods of its indicator with values that leave every one of them
+// shorter than the test series.
+struct PlainForm
+{
+    const char *id;
+    Plain::Buffers (*compute)(const QVector<QuoteBar> &, const Params &);
+    std::vector<std::pair<const char *, float>> periods;
+};
+
+const PlainForm plainForms[] = {
+    {"MACD", &Plain::macd, {{"FastEMA", 5}, {"SlowEMA", 13}, {"Signal", 4}}},
+    {"OsMA", &Plain::osma, {{"FastEMA", 5}, {"SlowEMA", 13}, {"Signal", 4}}},
+    {"Impuls",
+     &Plain::impuls,
+     {{"MACD_Fast", 5}, {"MACD_Slow", 13}, {"MACD_Signal", 4}, {"EMA_Period", 7}}},
+    {"CHO", &Plain::cho, {{"Period1", 3}, {"Period2", 10}}},
+    {"Stochastic", &Plain::stochastic, {{"KPeriod", 14}, {"DPeriod", 3}, {"Slowing", 3}}},
+    {"RSI", &Plain::rsi, {{"Period", 7}}},
+    {"OBV", &Plain::obv, {}},
+    {"MFI", &Plain::mfi, {{"Period", 14}}},
+    {"ROC", &Plain::roc, {{"Period", 12}}},
+    {"VROC", &Plain::vroc, {{"Period", 25}}},
+    {"Momentum", &Plain::momentum, {{"Period", 14}}},
+    {"ATR", &Plain::atr, {{"Period", 14}}},
+    {"CCI", &Plain::cci, {{"Period", 14}}},
+    {"RVI", &Plain::rvi, {{"Period", 10}}}};
 
 struct Case
 {
@@ -233,64 +476,47 @@ private slots:
 
     void fastFormsMatchPlainForms_data()
     {
+        // Each fused, wide or chunked computation against its plain form: on a long walk, on
+        // one beyond the stochastic's sentinels, and with each period in turn set to 40 over
+        // 39, 40 and 41 bars, where the guard of that period alone decides.
+        QTest::addColumn<QString>("id");
+        QTest::addColumn<Params>("params");
+        QTest::addColumn<int>("n");
         QTest::addColumn<float>("scale");
-        QTest::newRow("prices-near-100") << 1.0f;
-        QTest::newRow("prices-beyond-the-sentinels") << 20000.0f;
+        for (const PlainForm &form : plainForms) {
+            Params base;
+            for (const auto &[name, value] : form.periods)
+                base.insert(QLatin1String(name), value);
+            const QString id = QLatin1String(form.id);
+            QTest::addRow("%s-long-walk", form.id) << id << base << 5000 << 1.0f;
+            QTest::addRow("%s-beyond-the-sentinels", form.id) << id << base << 5000 << 20000.0f;
+            for (const auto &period : form.periods) {
+                Params params = base;
+                params.insert(QLatin1String(period.first), 40);
+                for (int n : {39, 40, 41})
+                    QTest::addRow("%s-%s-40-over-%d-bars", form.id, period.first, n)
+                        << id << params << n << 1.0f;
+            }
+        }
     }
 
     void fastFormsMatchPlainForms()
     {
-        // The plain forms of the steps (rescans from the sentinels, branches, conditional sums)
-        // against the computations on a long random walk: identical values.
+        QFETCH(QString, id);
+        QFETCH(Params, params);
+        QFETCH(int, n);
         QFETCH(float, scale);
-        const QVector<QuoteBar> b = randomWalk(5000, 42, scale);
-        const int n = b.size();
-        Series k(n, 0.0f), rsi(n, 0.0f), obv(n, float(b[0].volume())), mfi(n, 0.0f);
-        float gain = 0.0f, loss = 0.0f;
-        for (int i = 1; i < n; ++i) {
-            const float c = b[i].close() - b[i - 1].close();
-            const float g = c > 0.0f ? c : 0.0f;
-            const float l = c <= 0.0f ? -c : 0.0f;
-            gain = i <= 7 ? gain + g : (gain * 6.0f + g) / 7.0f;
-            loss = i <= 7 ? loss + l : (loss * 6.0f + l) / 7.0f;
-            gain /= i == 7 ? 7.0f : 1.0f;
-            loss /= i == 7 ? 7.0f : 1.0f;
-            rsi[i] = i < 7 || loss == 0.0f ? 0.0f : 100.0f - 100.0f / (1.0f + gain / loss);
-            const float v = float(b[i].volume());
-            obv[i] = c > 0.0f ? obv[i - 1] + v : c < 0.0f ? obv[i - 1] - v : obv[i - 1];
-        }
-        for (int i = 15; i < n; ++i) {
-            float sumLow = 0.0f, sumHigh = 0.0f, up = 0.0f, down = 0.0f;
-            for (int j = i; j > i - 3; --j) {
-                float ll = 1000000.0f, hh = -1000000.0f;
-                for (int m = j; m > j - 14; --m) {
-                    ll = b[m].low() < ll ? b[m].low() : ll;
-                    hh = b[m].high() > hh ? b[m].high() : hh;
-                }
-                sumLow += b[j].close() - ll;
-                sumHigh += hh - ll;
-            }
-            k[i] = sumHigh == 0.0f ? 100.0f : sumLow / sumHigh * 100.0f;
-            for (int j = i; j > i - 14; --j) {
-                const float t = typicalPrice(b[j]), before = typicalPrice(b[j - 1]);
-                up += t > before ? float(b[j].volume()) * t : 0.0f;
-                down += t < before ? float(b[j].volume()) * t : 0.0f;
-            }
-            mfi[i] = down == 0.0f ? 100.0f : 100.0f - 100.0f / (1.0f + up / down);
-        }
-        QCOMPARE(firstDifference(buffer("Stochastic", b, "K"), k), -1);
-        QCOMPARE(firstDifference(buffer("RSI", b, "RSI"), rsi), -1);
-        QCOMPARE(firstDifference(buffer("OBV", b, "OBV"), obv), -1);
-        QCOMPARE(firstDifference(buffer("MFI", b, "MFI").mid(15), mfi.mid(15)), -1);
-
-        // MACD runs its three averages in one loop: the same as one average after another.
-        const Series closeSeries = closes(b);
-        Series macd = ema(12, closeSeries);
-        const Series slow = ema(26, closeSeries);
-        for (int i = 0; i < n; ++i)
-            macd[i] -= slow[i];
-        QCOMPARE(firstDifference(buffer("MACD", b, "MACD"), macd), -1);
-        QCOMPARE(firstDifference(buffer("MACD", b, "SMA"), ema(9, macd)), -1);
+        const QVector<QuoteBar> bars = randomWalk(n, 42, scale);
+        const auto form =
+            std::find_if(std::begin(plainForms), std::end(plainForms),
+                         [&](const PlainForm &f) { return id == QLatin1String(f.id); });
+        const Plain::Buffers expected = form->compute(bars, params);
+        const Plain::Buffers got = computation(id)(bars, params).buffers;
+        QCOMPARE(got.keys(), expected.keys());
+        for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+            QVERIFY2(firstDifference(got.value(it.key()), *it) < 0,
+                     qPrintable(it.key() + QStringLiteral(" differs at bar %1")
+                                               .arg(firstDifference(got.value(it.key()), *it))));
     }
 };
 

@@ -202,6 +202,9 @@ void TestSeriesMath::matchesPlainLoops_data()
                 QTest::addRow("%s-%d-%s", name, period, source.first)
                     << routine << plain << period << source.second;
             }
+            // The shortest series with values (shorter ones: shortSeriesGivesZeros).
+            QTest::addRow("%s-%d-over-%d-values", name, period, period + 1)
+                << routine << plain << period << walk(period + 1, 12);
         }
     }
 }
