@@ -13,5 +13,5 @@ done
 for code in de ru; do
     "$LUPDATE" -silent -locations none -no-obsolete "${program[@]}" \
         -ts "resources/translations/Halcyra2_$code.ts"
-    "$LUPDATE" -silent -locations none -no-obsolete widgets -ts "resources/translations/libs_$code.ts"
+    "$LUPDATE" -silent -locations none -no-obsolete widgets core -ts "resources/translations/libs_$code.ts"
 done

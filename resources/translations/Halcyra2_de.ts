@@ -144,10 +144,6 @@
         <translation>Hilfe</translation>
     </message>
     <message>
-        <source>Unknown indicators left out: %1</source>
-        <translation>Unbekannte Indikatoren ausgelassen: %1</translation>
-    </message>
-    <message>
         <source>Chart Colours</source>
         <translation>Chart-Farben</translation>
     </message>
@@ -309,6 +305,60 @@
     <message>
         <source>Low</source>
         <translation>Schwach</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ChartExport</name>
+    <message>
+        <source>No chart is shown.</source>
+        <translation>Es wird kein Chart gezeigt.</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Save CSV</source>
+        <translation>CSV speichern</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>The quotes could not be saved: %1</source>
+        <translation>Die Kurse konnten nicht gespeichert werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ChartSession</name>
+    <message>
+        <source>Daily</source>
+        <translation>Täglich</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>Wöchentlich</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>Monatlich</translation>
+    </message>
+    <message>
+        <source>Quarterly</source>
+        <translation>Vierteljährlich</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>Jährlich</translation>
     </message>
 </context>
 <context>
@@ -839,34 +889,7 @@ Möchten Sie die Änderungen speichern?</translation>
     </message>
 </context>
 <context>
-    <name>OrdaneView::ViewSettings</name>
-    <message>
-        <source>&amp;Apply</source>
-        <translation>&amp;Übernehmen</translation>
-    </message>
-</context>
-<context>
     <name>OrdaneView::ViewsContainer</name>
-    <message>
-        <source>Daily</source>
-        <translation>Täglich</translation>
-    </message>
-    <message>
-        <source>Weekly</source>
-        <translation>Wöchentlich</translation>
-    </message>
-    <message>
-        <source>Monthly</source>
-        <translation>Monatlich</translation>
-    </message>
-    <message>
-        <source>Quarterly</source>
-        <translation>Vierteljährlich</translation>
-    </message>
-    <message>
-        <source>Yearly</source>
-        <translation>Jährlich</translation>
-    </message>
     <message>
         <source>Chart</source>
         <translation>Chart</translation>
@@ -876,40 +899,8 @@ Möchten Sie die Änderungen speichern?</translation>
         <translation>Für %1 sind keine Kurse gespeichert.</translation>
     </message>
     <message>
-        <source>No chart is shown.</source>
-        <translation>Es wird kein Chart gezeigt.</translation>
-    </message>
-    <message>
-        <source>Save Picture</source>
-        <translation>Bild speichern</translation>
-    </message>
-    <message>
-        <source>PNG pictures (*.png)</source>
-        <translation>PNG-Bilder (*.png)</translation>
-    </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
-    </message>
-    <message>
-        <source>Save CSV</source>
-        <translation>CSV speichern</translation>
-    </message>
-    <message>
-        <source>CSV files (*.csv)</source>
-        <translation>CSV-Dateien (*.csv)</translation>
-    </message>
-    <message>
-        <source>The quotes could not be saved: %1</source>
-        <translation>Die Kurse konnten nicht gespeichert werden: %1</translation>
-    </message>
-    <message>
         <source>Chart Colours</source>
         <translation>Chart-Farben</translation>
-    </message>
-    <message>
-        <source>Indicator</source>
-        <translation>Indikator</translation>
     </message>
     <message>
         <source>Unknown indicator: %1</source>
@@ -918,10 +909,6 @@ Möchten Sie die Änderungen speichern?</translation>
     <message>
         <source>Load Template</source>
         <translation>Vorlage laden</translation>
-    </message>
-    <message>
-        <source>The template %1 could not be read: %2</source>
-        <translation>Die Vorlage %1 konnte nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>Unknown indicators left out: %1</source>
@@ -950,6 +937,10 @@ Möchten Sie die Änderungen speichern?</translation>
     <message>
         <source>Can not find the script %1</source>
         <translation>Das Skript %1 ist nicht zu finden</translation>
+    </message>
+    <message>
+        <source>The template could not be read: %1</source>
+        <translation>Die Vorlage konnte nicht gelesen werden: %1</translation>
     </message>
 </context>
 </TS>

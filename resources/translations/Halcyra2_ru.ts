@@ -144,10 +144,6 @@
         <translation>Справка</translation>
     </message>
     <message>
-        <source>Unknown indicators left out: %1</source>
-        <translation>Пропущены неизвестные индикаторы: %1</translation>
-    </message>
-    <message>
         <source>Chart Colours</source>
         <translation>Цвета графика</translation>
     </message>
@@ -309,6 +305,60 @@
     <message>
         <source>Low</source>
         <translation>Слабые</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ChartExport</name>
+    <message>
+        <source>No chart is shown.</source>
+        <translation>График не показан.</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Сохранить изображение</translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>Изображения PNG (*.png)</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Не удалось сохранить изображение: %1</translation>
+    </message>
+    <message>
+        <source>Save CSV</source>
+        <translation>Сохранить CSV</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>Файлы CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>The quotes could not be saved: %1</source>
+        <translation>Не удалось сохранить котировки: %1</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::ChartSession</name>
+    <message>
+        <source>Daily</source>
+        <translation>Дни</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>Недели</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>Месяцы</translation>
+    </message>
+    <message>
+        <source>Quarterly</source>
+        <translation>Кварталы</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>Годы</translation>
     </message>
 </context>
 <context>
@@ -839,34 +889,7 @@ Do you want to save your changes?</source>
     </message>
 </context>
 <context>
-    <name>OrdaneView::ViewSettings</name>
-    <message>
-        <source>&amp;Apply</source>
-        <translation>&amp;Применить</translation>
-    </message>
-</context>
-<context>
     <name>OrdaneView::ViewsContainer</name>
-    <message>
-        <source>Daily</source>
-        <translation>Дни</translation>
-    </message>
-    <message>
-        <source>Weekly</source>
-        <translation>Недели</translation>
-    </message>
-    <message>
-        <source>Monthly</source>
-        <translation>Месяцы</translation>
-    </message>
-    <message>
-        <source>Quarterly</source>
-        <translation>Кварталы</translation>
-    </message>
-    <message>
-        <source>Yearly</source>
-        <translation>Годы</translation>
-    </message>
     <message>
         <source>Chart</source>
         <translation>График</translation>
@@ -876,40 +899,8 @@ Do you want to save your changes?</source>
         <translation>Для %1 нет сохранённых котировок.</translation>
     </message>
     <message>
-        <source>No chart is shown.</source>
-        <translation>График не показан.</translation>
-    </message>
-    <message>
-        <source>Save Picture</source>
-        <translation>Сохранить изображение</translation>
-    </message>
-    <message>
-        <source>PNG pictures (*.png)</source>
-        <translation>Изображения PNG (*.png)</translation>
-    </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>Не удалось сохранить изображение: %1</translation>
-    </message>
-    <message>
-        <source>Save CSV</source>
-        <translation>Сохранить CSV</translation>
-    </message>
-    <message>
-        <source>CSV files (*.csv)</source>
-        <translation>Файлы CSV (*.csv)</translation>
-    </message>
-    <message>
-        <source>The quotes could not be saved: %1</source>
-        <translation>Не удалось сохранить котировки: %1</translation>
-    </message>
-    <message>
         <source>Chart Colours</source>
         <translation>Цвета графика</translation>
-    </message>
-    <message>
-        <source>Indicator</source>
-        <translation>Индикатор</translation>
     </message>
     <message>
         <source>Unknown indicator: %1</source>
@@ -918,10 +909,6 @@ Do you want to save your changes?</source>
     <message>
         <source>Load Template</source>
         <translation>Загрузить шаблон</translation>
-    </message>
-    <message>
-        <source>The template %1 could not be read: %2</source>
-        <translation>Не удалось прочитать шаблон %1: %2</translation>
     </message>
     <message>
         <source>Unknown indicators left out: %1</source>
@@ -950,6 +937,10 @@ Do you want to save your changes?</source>
     <message>
         <source>Can not find the script %1</source>
         <translation>Скрипт %1 не найден</translation>
+    </message>
+    <message>
+        <source>The template could not be read: %1</source>
+        <translation>Не удалось прочитать шаблон: %1</translation>
     </message>
 </context>
 </TS>
