@@ -6,6 +6,11 @@
 #include "core/setting.h"
 #include "core/updater.h"
 #include "data/home.h"
+#include "data/metadata.h"
+#include "data/net/datamanager.h"
+#include "data/reader.h"
+#include "data/ui/quoteservicepage.h"
+#include "quoteupdates.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatordialogs.h"
 #include "indicators/ui/indicatorfactorywidget.h"
@@ -57,12 +62,23 @@ const struct
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
+    , mMeta(new OrdaneData::MetaData(OrdaneData::MetaData::defaultPath(), this))
+    , mData(new OrdaneData::DataManager(this))
+    , mUpdates(new QuoteUpdates(mData, statusBar(), this))
     , mViews(new OrdaneView::ViewsContainer(this))
     , mBrowser(new OrdaneBrowser::StorageBrowser(this))
     , mIndicators(new OrdaneView::IndicatorFactoryWidget(this))
     , mCandles(new OrdaneView::CandlesExpertPanel(this))
 {
     OrdaneView::installIndicators();
+    if (mMeta->open())
+        mData->setMetaData(mMeta);
+    // A symbol the update rewrote is shown again from its new file.
+    connect(mUpdates, &QuoteUpdates::symbolChanged, this, [this](const QString &symbol) {
+        const OrdaneData::ReaderH shown = mViews->reader();
+        if (!shown.isNull() && shown->symbol() == symbol)
+            shown->setSymbol(symbol);
+    });
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Halcyra %1").arg(QCoreApplication::applicationVersion()));
     setDockNestingEnabled(true);
@@ -140,6 +156,9 @@ MainWindow::MainWindow(QWidget *parent)
     restoreLastTemplate();
     mBrowser->slotFillChartItems();
     mBrowser->restoreSelection();
+    // The store catches up in the background when there is a quote service to ask.
+    if (mData->service().hasTables())
+        slotUpdateQuotes();
 }
 
 QDockWidget *MainWindow::addDock(const QString &objectName, const QString &title, QWidget *content,
@@ -208,6 +227,10 @@ void MainWindow::buildMenus()
     connect(a, &QAction::triggered, this, &MainWindow::slotReminders);
     a = action(tools, QStringLiteral("actionCheckUpdates"), tr("Check for &Updates..."));
     connect(a, &QAction::triggered, this, &MainWindow::slotCheckUpdates);
+    a = action(tools, QStringLiteral("actionUpdateQuotes"), tr("Update &Quotes"),
+               QKeySequence(QStringLiteral("CTRL+U")));
+    a->setStatusTip(tr("Bring every stored symbol up to date from the quote service"));
+    connect(a, &QAction::triggered, this, &MainWindow::slotUpdateQuotes);
     a = action(tools, QStringLiteral("actionGotoDataFolder"), tr("Go to data folder"));
     connect(a, &QAction::triggered, this, &MainWindow::slotGotoDataFolder);
     tools->addSeparator();
@@ -331,6 +354,8 @@ void MainWindow::slotSettings()
     dialog.addPage(colours, tr("Chart Colours"), QIcon(QStringLiteral(":/pix/chart_candle.png")));
     auto *language = new QMWidgets::LanguagePage;
     dialog.addPage(language, tr("Language"), QIcon(QStringLiteral(":/pix/fen.bmp")));
+    dialog.addPage(new OrdaneData::QuoteServicePage, tr("Quote Service"),
+                   QIcon(QStringLiteral(":/pix/uptick.png")));
     dialog.addPage(new QMWidgets::UpdatesPage, tr("Updates"), QIcon(QStringLiteral(":/app.png")));
     dialog.exec();
 }
@@ -399,6 +424,11 @@ void MainWindow::slotCheckUpdates()
     page->setAttribute(Qt::WA_DeleteOnClose);
     page->show();
     app->updater()->search();
+}
+
+void MainWindow::slotUpdateQuotes()
+{
+    mUpdates->start(OrdaneData::Home::storedSymbols());
 }
 
 void MainWindow::showReminder(const QString &text)

@@ -6,6 +6,10 @@ class QAction;
 class QDockWidget;
 class QMenu;
 
+namespace OrdaneData {
+class DataManager;
+class MetaData;
+} // namespace OrdaneData
 namespace OrdaneBrowser {
 class StorageBrowser;
 }
@@ -16,6 +20,8 @@ class ViewsContainer;
 } // namespace OrdaneView
 
 namespace Halcyra {
+
+class QuoteUpdates;
 
 // The program's one top-level window. Its work area is four docks: "Work Area" (the chart
 // views), "Browser" (the stored symbols), "Indicators" (the indicator list) and "Candle
@@ -37,6 +43,8 @@ public:
     OrdaneBrowser::StorageBrowser *storageBrowser() const { return mBrowser; }
     OrdaneView::IndicatorFactoryWidget *indicatorList() const { return mIndicators; }
     OrdaneView::CandlesExpertPanel *candlePanel() const { return mCandles; }
+    OrdaneData::DataManager *dataManager() const { return mData; }
+    QuoteUpdates *quoteUpdates() const { return mUpdates; }
     // The docks in the order "Work Area", "Browser", "Indicators", "Candle Guru".
     QList<QDockWidget *> docks() const { return mDocks; }
 
@@ -68,6 +76,8 @@ public slots:
     void slotTemplateChanged();
     void slotReminders();
     void slotCheckUpdates();
+    // Brings every stored symbol up to date in the background.
+    void slotUpdateQuotes();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -80,6 +90,9 @@ private:
     void buildMenuPanel();
     void showReminder(const QString &text);
 
+    OrdaneData::MetaData *mMeta;
+    OrdaneData::DataManager *mData;
+    QuoteUpdates *mUpdates;
     OrdaneView::ViewsContainer *mViews;
     OrdaneBrowser::StorageBrowser *mBrowser;
     OrdaneView::IndicatorFactoryWidget *mIndicators;

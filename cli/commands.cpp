@@ -10,6 +10,8 @@ int runCatalogue(const QStringList &args, Context &context);
 int runPatterns(const QStringList &args, Context &context);
 int runTemplate(const QStringList &args, Context &context);
 int runPack(const QStringList &args, Context &context);
+int runUpdate(const QStringList &args, Context &context);
+int runFetch(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -58,6 +60,15 @@ const std::vector<Command> &commands()
          "Read the chart template FILE.tt (or a built-in one, \":/Templates/TrawlerWeek.tt\") "
          "and print it in the form the program saves.",
          &runTemplate},
+        {"update", "[--table-host URL] [--quote-host URL] [SYMBOL...]",
+         "Bring stored symbols up to date from the quote service (all of them when none is "
+         "named), one line per symbol: updated N rows, up to date, skipped (why) or failed "
+         "(why). The options stand in for the settings' hosts for this run.",
+         &runUpdate},
+        {"fetch", "[--table-host URL] [--quote-host URL] SYMBOL",
+         "Download the whole history of SYMBOL into the store, and its metadata when the "
+         "service has them.",
+         &runFetch},
     };
     return table;
 }

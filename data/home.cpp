@@ -66,6 +66,15 @@ QString storagePath()
     return sub("Storage");
 }
 
+QStringList storedSymbols()
+{
+    QStringList symbols =
+        QDir(storagePath()).entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
+    for (QString &file : symbols)
+        file.chop(4);
+    return symbols;
+}
+
 QString templatesPath()
 {
     return sub("Templates");

@@ -34,6 +34,8 @@ QString userIndicatorsPath();
 QString userExpertsPath();
 QString calibratorPath();
 QString lastKnownSymbolsFile();
+// The symbols of the stored quote files ("MSFT" for Storage/MSFT.csv), sorted.
+QStringList storedSymbols();
 
 // Creates the folders of a home that are missing and, when the storage folder is missing
 // or empty, copies the sample quote files into it; the same for the example scripts and

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDate>
+#include <QMetaType>
 #include <QtGlobal>
 
 // One end-of-day bar. Only the trading day is kept: bars carry no time of day, so a
@@ -54,3 +55,5 @@ private:
     qint64 mVolume = -1;
 };
 Q_DECLARE_TYPEINFO(QuoteBar, Q_MOVABLE_TYPE);
+
+Q_DECLARE_METATYPE(QuoteBar)

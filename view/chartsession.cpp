@@ -84,18 +84,20 @@ void ChartSession::setTimeFrame(int frame)
 
 void ChartSession::reload()
 {
-    if (mReader.isNull())
-        return;
-    QSignalBlocker blocker(mReader.reader());
-    mReader->fetchSymbol(mReader->symbol());
-    if (mFrame != OrdaneData::Day)
-        mReader->setTimeFrame(mFrame);
-    blocker.unblock();
-    emit mReader->dataChanged();
+    // The source loads the daily bars (after bringing them up to date, when it downloads)
+    // and announces them with dataChanged(), which puts them back into the chart's frame.
+    if (!mReader.isNull())
+        mReader->fetchSymbol(mReader->symbol());
 }
 
 void ChartSession::seriesDataChanged()
 {
+    // A load gives daily bars, whatever frame the chart is in.
+    if (!mReader.isNull() && mReader->timeFrame() != mFrame) {
+        const QSignalBlocker blocker(mReader.reader());
+        mReader->setTimeFrame(mFrame);
+        updateLabel();
+    }
     recompute();
     emit seriesChanged();
 }

@@ -47,7 +47,9 @@ public:
     // Shows the series in `frame` and recomputes; seriesChanged() follows when there is a
     // series.
     void setTimeFrame(int frame);
-    // Reads the series' stored file again, in the current frame.
+    // Asks the series' source for the symbol again (a downloading source brings it up to
+    // date first); the new bars arrive through the series' dataChanged(), in the current
+    // frame.
     void reload();
 
     ViewCanvas *chart() const { return mChart; }

@@ -5,7 +5,6 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-Q_DECLARE_METATYPE(QuoteBar)
 
 using namespace OrdaneData;
 

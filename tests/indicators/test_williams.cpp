@@ -8,7 +8,6 @@
 #include <cmath>
 #include <tuple>
 
-Q_DECLARE_METATYPE(QuoteBar)
 
 using namespace Indicators;
 

@@ -28,7 +28,6 @@ Match single(const QuoteBar &b, bool trend, PatternSet required = PatternSet::al
 } // namespace
 
 Q_DECLARE_METATYPE(CandlePattern::Match)
-Q_DECLARE_METATYPE(QuoteBar)
 
 class TestPatterns : public QObject
 {

@@ -97,6 +97,12 @@ ViewOperationsPanel::ViewOperationsPanel(QWidget *parent)
     separators->setMenu(menu);
     separator();
 
+    // The newest bar follows the quote service's current price while this is on.
+    mCpr = addButton(QStringLiteral("Cpr"), QString(), tr("Current price, every minute"), "uptick",
+                     true);
+    connect(mCpr, &QToolButton::toggled, this, &ViewOperationsPanel::cpr);
+    separator();
+
     connect(addButton(QStringLiteral("Picture"), QString(), tr("Save the chart as a picture"),
                       "picture"),
             &QToolButton::clicked, this, &ViewOperationsPanel::takePicture);
@@ -147,6 +153,17 @@ void ViewOperationsPanel::showGrid(bool on)
 void ViewOperationsPanel::showPointerMode(bool on)
 {
     mPointer->setChecked(on);
+}
+
+void ViewOperationsPanel::showCpr(bool on)
+{
+    const QSignalBlocker blocker(mCpr);
+    mCpr->setChecked(on);
+}
+
+void ViewOperationsPanel::setCprAvailable(bool available)
+{
+    mCpr->setEnabled(available);
 }
 
 void ViewOperationsPanel::showSeparatorMode(SeparatorMode mode)

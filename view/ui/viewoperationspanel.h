@@ -25,6 +25,9 @@ public:
     void showGrid(bool on);
     void showPointerMode(bool on);
     void showSeparatorMode(SeparatorMode mode);
+    void showCpr(bool on);
+    // The current-price button can be used only while price updates are enabled.
+    void setCprAvailable(bool available);
 
 signals:
     void zoomOut();
@@ -47,6 +50,8 @@ signals:
     void yearSeparator();
     void takePicture();
     void saveCsv();
+    // The current-price button was switched on or off.
+    void cpr(bool on);
 
 private:
     QToolButton *addButton(const QString &name, const QString &text, const QString &tip,
@@ -57,6 +62,7 @@ private:
     QToolButton *mGrid;
     QToolButton *mPointer;
     QAction *mSeparator[5];
+    QToolButton *mCpr;
 };
 
 } // namespace OrdaneView

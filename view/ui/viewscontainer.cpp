@@ -4,7 +4,7 @@
 #include "chartview.h"
 #include "core/language.h"
 #include "data/home.h"
-#include "data/quotesource.h"
+#include "data/net/dataupdater.h"
 #include "data/reader.h"
 #include "datetimeview.h"
 #include "indicatoreditor.h"
@@ -29,6 +29,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QSplitter>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -38,7 +39,8 @@ namespace OrdaneView {
 ViewsContainer::ViewsContainer(QWidget *parent)
     : QWidget(parent)
     , mSession(new ChartSession(this))
-    , mSource(new OrdaneData::StorageSource(this))
+    , mSource(new OrdaneData::DataUpdater(nullptr, this))
+    , mPriceTimer(new QTimer(this))
     , mPanel(new ViewOperationsPanel(this))
     , mChartArea(new QWidget(this))
     , mSplitter(new QSplitter(Qt::Vertical, mChartArea))
@@ -98,6 +100,25 @@ ViewsContainer::ViewsContainer(QWidget *parent)
             &ViewsContainer::slotYearSeparatorMode);
     connect(mPanel, &ViewOperationsPanel::takePicture, this, &ViewsContainer::slotTakePicture);
     connect(mPanel, &ViewOperationsPanel::saveCsv, this, &ViewsContainer::slotSaveCsv);
+    connect(mPanel, &ViewOperationsPanel::cpr, this, &ViewsContainer::slotCpr);
+
+    mPriceTimer->setInterval(60000);
+    connect(mPriceTimer, &QTimer::timeout, this, &ViewsContainer::slotUpdateCurrentPrice);
+    connect(mSource, &OrdaneData::DataUpdater::quote, this,
+            [this](const QString &symbol, const QuoteBar &bar) {
+                const OrdaneData::ReaderH series = reader();
+                // The chart may have moved on to another symbol meanwhile.
+                if (mPriceUpdates && !series.isNull() && series->symbol() == symbol)
+                    series->mergeQuote(bar);
+            });
+    connect(mSource, &OrdaneData::DataUpdater::failed, this,
+            [this](const QString &symbol, const QString &reason) {
+                emit message(tr("No current price for %1: %2").arg(symbol, reason));
+            });
+    connect(mSource, &OrdaneData::DataUpdater::updateFailed, this,
+            [this](const QString &symbol, const QString &reason) {
+                emit message(tr("%1 could not be brought up to date: %2").arg(symbol, reason));
+            });
 
     connect(mSession, &ChartSession::paneAdded, this, &ViewsContainer::paneAdded);
     connect(mSession, &ChartSession::paneRemoved, this, &ViewsContainer::paneRemoved);
@@ -271,6 +292,38 @@ void ViewsContainer::slotFetchChartData(const QString &symbol)
 void ViewsContainer::slotFetchChartData()
 {
     mSession->reload();
+}
+
+void ViewsContainer::setPriceInterval(int ms)
+{
+    mPriceTimer->setInterval(ms);
+}
+
+void ViewsContainer::slotUpdateCurrentPrice()
+{
+    const OrdaneData::ReaderH series = reader();
+    if (mPriceUpdates && !series.isNull() && !series->symbol().isEmpty())
+        mSource->requestQuote(series->symbol());
+}
+
+void ViewsContainer::slotCpr(bool on)
+{
+    on = on && mPriceUpdates;
+    mPanel->showCpr(on);
+    if (!on) {
+        mPriceTimer->stop();
+        return;
+    }
+    slotUpdateCurrentPrice();
+    mPriceTimer->start();
+}
+
+void ViewsContainer::slotEnablePriceUpdates(bool on)
+{
+    mPriceUpdates = on;
+    mPanel->setCprAvailable(on);
+    if (!on)
+        slotCpr(false);
 }
 
 void ViewsContainer::slotReaderDataChanged()

@@ -9,8 +9,10 @@
 
 class QSplitter;
 
+class QTimer;
+
 namespace OrdaneData {
-class StorageSource;
+class DataUpdater;
 }
 
 namespace OrdaneView {
@@ -51,6 +53,10 @@ public:
     ScrollBarView *scrollBar() const { return mScroll; }
     MiniView *miniView() const { return mMini; }
     OrdaneData::ReaderH reader() const;
+    // Where charts get their series and the current price.
+    OrdaneData::DataUpdater *source() const { return mSource; }
+    // How often the current price is asked for while slotCpr(true) holds, in ms (60 s).
+    void setPriceInterval(int ms);
     int timeFrame() const;
     // The chart first, then the panes top down.
     QList<View *> views() const;
@@ -88,6 +94,14 @@ public slots:
     void slotFetchChartData();
     void slotFetchChartData(const QString &symbol);
     void slotReaderDataChanged();
+    // Asks the quote service for the shown symbol's current price and merges it into the
+    // newest bar (the stored file is not touched). A failure is told in message().
+    void slotUpdateCurrentPrice();
+    // Asks for the current price now and then every minute while on.
+    void slotCpr(bool on);
+    // Whether current prices may be asked for at all (not while simulating); off also ends
+    // slotCpr().
+    void slotEnablePriceUpdates(bool on);
     void slotTakePicture();
     void slotSaveCsv();
     void slotZoomOut();
@@ -165,7 +179,9 @@ private:
     void reportUnknown(const QStringList &ids);
 
     ChartSession *mSession;
-    OrdaneData::StorageSource *mSource;
+    OrdaneData::DataUpdater *mSource;
+    QTimer *mPriceTimer;
+    bool mPriceUpdates = true;
     bool mAtEnd = true;
 
     ViewOperationsPanel *mPanel;
