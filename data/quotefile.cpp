@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace OrdaneData {
@@ -159,9 +160,200 @@ inline bool containsDate(const char *b, const char *e)
            std::string_view(b, size_t(e - b)).find("Date") != std::string_view::npos;
 }
 
+// The writer below prints numbers itself, straight into the output buffer, because the
+// toolkit's conversion costs a string allocation per field and dominated the writer. Its text
+// must stay exactly the toolkit's: QString::number(double(v), 'g', 6), the form stored files
+// have always had.
+
+constexpr std::uint64_t kPow10u[] = {
+    1ull,           10ull,           100ull,          1000ull,      10000ull,
+    100000ull,      1000000ull,      10000000ull,     100000000ull, 1000000000ull,
+    10000000000ull, 100000000000ull, 1000000000000ull};
+
+// 1e-6 .. 1e18 as doubles. No float lies between a power of ten and its nearest double, so
+// comparing a float with these is comparing it with the exact power.
+constexpr int kLowestExponent = -6;
+constexpr double kPow10d[] = {1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0, 1e1,  1e2,
+                              1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9, 1e10, 1e11,
+                              1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+
+constexpr char kDigitPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233"
+    "34353637383940414243444546474849505152535455565758596061626364656667"
+    "6869707172737475767778798081828384858687888990919293949596979899";
+
+// The longest price the toolkit writes for a float, e.g. "-1.23456e-38" or "-0.000123456".
+constexpr int kMaxPrice = 12;
+// Date (a year of up to ten digits with its sign), four prices, a 64-bit volume, the constant
+// seventh field, the commas and the line end that precedes a line.
+constexpr int kMaxLine = 17 + 4 * kMaxPrice + 20 + 4 + 6 + 1;
+
+char *writeLatin1(char *out, const QString &text)
+{
+    const QByteArray bytes = text.toLatin1();
+    std::memcpy(out, bytes.constData(), size_t(bytes.size()));
+    return out + bytes.size();
+}
+
+// Writes QString::number(double(v), 'g', 6). Finite floats from 1e-6 to 1e18 take an exact
+// integer path: six significant digits rounded half away from zero (as the toolkit rounds,
+// unlike printf and to_chars, which round half to even: 12345.25 gives "12345.3"), trailing
+// zeros dropped, the exponent form for exponents below -4 or above 5 with at least two
+// exponent digits. Everything else is rare in quotes and asks the toolkit itself.
+char *writePrice(char *out, float v)
+{
+    std::uint32_t bits;
+    std::memcpy(&bits, &v, sizeof bits);
+    if ((bits & 0x7fffffffu) == 0) { // the toolkit writes -0 as "0" too
+        *out = '0';
+        return out + 1;
+    }
+    const double magnitude = std::fabs(double(v));
+    if (!(magnitude >= kPow10d[0] && magnitude < kPow10d[std::size(kPow10d) - 1]))
+        return writeLatin1(out, QString::number(double(v), 'g', 6));
+
+    // magnitude = mantissa * 2^shift exactly; 10^exponent <= magnitude < 10^(exponent + 1).
+    const std::uint64_t mantissa = (bits & 0x7fffffu) | 0x800000u;
+    const int shift = int((bits >> 23) & 0xffu) - 150;
+    int exponent = 0;
+    while (magnitude >= kPow10d[exponent - kLowestExponent + 1])
+        ++exponent;
+    while (magnitude < kPow10d[exponent - kLowestExponent])
+        --exponent;
+
+    // digits = magnitude * 10^(5 - exponent) as numerator / denominator, both below 2^61
+    // over this range, so the quotient and remainder are exact. Below a million the
+    // denominator is a power of two and a shift does the division.
+    const int scale = 5 - exponent;
+    std::uint64_t digits;
+    if (scale >= 0 && shift < 0) {
+        const std::uint64_t numerator = mantissa * kPow10u[scale];
+        digits = numerator >> -shift;
+        if (((numerator >> (-shift - 1)) & 1u) != 0) // the remainder is half or more
+            ++digits;
+    } else {
+        std::uint64_t numerator = mantissa;
+        std::uint64_t denominator = 1;
+        if (scale >= 0)
+            numerator *= kPow10u[scale];
+        else
+            denominator = kPow10u[-scale];
+        if (shift >= 0)
+            numerator <<= shift;
+        else
+            denominator <<= -shift;
+        digits = numerator / denominator;
+        if (2 * (numerator % denominator) >= denominator)
+            ++digits;
+    }
+    if (digits == 1000000) { // 999999.5 and the like round up to the next power of ten
+        digits = 100000;
+        ++exponent;
+    }
+
+    // Six digits by pairs; the first is never '0'.
+    char d[6];
+    std::memcpy(d, kDigitPairs + 2 * (digits / 10000), 2);
+    std::memcpy(d + 2, kDigitPairs + 2 * (digits / 100 % 100), 2);
+    std::memcpy(d + 4, kDigitPairs + 2 * (digits % 100), 2);
+    int count = 6;
+    while (d[count - 1] == '0')
+        --count;
+
+    if (v < 0)
+        *out++ = '-';
+    if (exponent < -4 || exponent > 5) {
+        *out++ = d[0];
+        if (count > 1) {
+            *out++ = '.';
+            std::memcpy(out, d + 1, size_t(count - 1));
+            out += count - 1;
+        }
+        *out++ = 'e';
+        *out++ = exponent < 0 ? '-' : '+';
+        const int e = std::abs(exponent);
+        *out++ = char('0' + e / 10);
+        *out++ = char('0' + e % 10);
+    } else if (exponent < 0) {
+        *out++ = '0';
+        *out++ = '.';
+        for (int i = -1; i > exponent; --i)
+            *out++ = '0';
+        std::memcpy(out, d, size_t(count));
+        out += count;
+    } else {
+        const int whole = exponent + 1;
+        if (count <= whole) {
+            std::memcpy(out, d, size_t(count));
+            out += count;
+            for (int i = count; i < whole; ++i)
+                *out++ = '0';
+        } else {
+            std::memcpy(out, d, size_t(whole));
+            out += whole;
+            *out++ = '.';
+            std::memcpy(out, d + whole, size_t(count - whole));
+            out += count - whole;
+        }
+    }
+    return out;
+}
+
+inline char *writeTwoDigits(char *out, int v)
+{
+    std::memcpy(out, kDigitPairs + 2 * v, 2);
+    return out + 2;
+}
+
+// "yyyy-MM-dd" as QDate::toString writes it. The date class's own conversion from its day
+// number costs as much as the rest of the line, hence the integer one here (Fliegel and Van
+// Flandern, 1968; right for every positive Julian day). Years of other than four digits,
+// and the invalid date, which gives nothing, are left to the date class.
+char *writeDate(char *out, const QDate &date)
+{
+    // The invalid date's day number is the lowest qint64; it must not enter the arithmetic.
+    const qint64 jd = date.toJulianDay();
+    if (jd > 0) {
+        qint64 l = jd + 68569;
+        const qint64 n = 4 * l / 146097;
+        l -= (146097 * n + 3) / 4;
+        const qint64 i = 4000 * (l + 1) / 1461001;
+        l += 31 - 1461 * i / 4;
+        const qint64 j = 80 * l / 2447;
+        const int day = int(l - 2447 * j / 80);
+        l = j / 11;
+        const int month = int(j + 2 - 12 * l);
+        const qint64 year = 100 * (n - 49) + i + l;
+        if (year >= 1000 && year <= 9999) {
+            out = writeTwoDigits(out, int(year / 100));
+            out = writeTwoDigits(out, int(year % 100));
+            *out++ = '-';
+            out = writeTwoDigits(out, month);
+            *out++ = '-';
+            return writeTwoDigits(out, day);
+        }
+    }
+    return writeLatin1(out, date.toString(QStringLiteral("yyyy-MM-dd")));
+}
+
+// One stored line without line end; the buffer must hold kMaxLine bytes.
+char *writeLine(char *out, const QuoteBar &bar)
+{
+    out = writeDate(out, bar.date());
+    for (float price : {bar.open(), bar.high(), bar.low(), bar.close()}) {
+        *out++ = ',';
+        out = writePrice(out, price);
+    }
+    *out++ = ',';
+    out = std::to_chars(out, out + 20, bar.volume()).ptr;
+    std::memcpy(out, ",0.00", 5);
+    return out + 5;
+}
+
 QString formatNumber(float v)
 {
-    return QString::number(double(v), 'g', 6);
+    char buffer[kMaxPrice];
+    return QString::fromLatin1(buffer, int(writePrice(buffer, v) - buffer));
 }
 
 } // namespace
@@ -250,21 +442,8 @@ QVector<QuoteBar> scanBars(const char *begin, const char *end, LineScan mode)
 
 QString formatLine(const QuoteBar &bar)
 {
-    QString line;
-    line.reserve(64);
-    line += bar.date().toString(QStringLiteral("yyyy-MM-dd"));
-    line += QLatin1Char(',');
-    line += formatNumber(bar.open());
-    line += QLatin1Char(',');
-    line += formatNumber(bar.high());
-    line += QLatin1Char(',');
-    line += formatNumber(bar.low());
-    line += QLatin1Char(',');
-    line += formatNumber(bar.close());
-    line += QLatin1Char(',');
-    line += QString::number(bar.volume());
-    line += QLatin1String(",0.00");
-    return line;
+    char buffer[kMaxLine];
+    return QString::fromLatin1(buffer, int(writeLine(buffer, bar) - buffer));
 }
 
 bool hasQuoteFileHeader(QIODevice *device)
@@ -272,15 +451,25 @@ bool hasQuoteFileHeader(QIODevice *device)
     return device->readLine(16).startsWith("Date");
 }
 
+QByteArray seriesToBytes(const QVector<QuoteBar> &barsOldestFirst)
+{
+    constexpr int headerSize = int(sizeof(kQuoteFileHeader)) - 1;
+    // Room for the longest possible lines; the unused tail is never touched.
+    QByteArray text(headerSize + barsOldestFirst.size() * kMaxLine, Qt::Uninitialized);
+    char *out = text.data();
+    std::memcpy(out, kQuoteFileHeader, headerSize);
+    out += headerSize;
+    for (int i = barsOldestFirst.size() - 1; i >= 0; --i) {
+        *out++ = '\n';
+        out = writeLine(out, barsOldestFirst.at(i));
+    }
+    text.resize(int(out - text.constData()));
+    return text;
+}
+
 QString seriesToText(const QVector<QuoteBar> &barsOldestFirst)
 {
-    QString text = QLatin1String(kQuoteFileHeader);
-    text.reserve(text.size() + barsOldestFirst.size() * 48);
-    for (int i = barsOldestFirst.size() - 1; i >= 0; --i) {
-        text += QLatin1Char('\n');
-        text += formatLine(barsOldestFirst.at(i));
-    }
-    return text;
+    return QString::fromLatin1(seriesToBytes(barsOldestFirst));
 }
 
 QString seriesToText(const Reader &reader)
@@ -288,18 +477,22 @@ QString seriesToText(const Reader &reader)
     return seriesToText(reader.bars());
 }
 
-bool writeText(const QString &path, const QString &text, QString *error)
+bool writeText(const QString &path, const QByteArray &text, QString *error)
 {
     QSaveFile file(path);
     bool ok = file.open(QIODevice::WriteOnly | QIODevice::Truncate);
     if (ok) {
-        const QByteArray bytes = text.toLatin1();
-        ok = file.write(bytes) == bytes.size();
+        ok = file.write(text) == text.size();
         ok = ok ? file.commit() : (file.cancelWriting(), false);
     }
     if (!ok && error)
         *error = file.errorString();
     return ok;
+}
+
+bool writeText(const QString &path, const QString &text, QString *error)
+{
+    return writeText(path, text.toLatin1(), error);
 }
 
 QString storagePath()

@@ -2,6 +2,7 @@
 
 #include "quotebar.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QVector>
 
@@ -46,14 +47,18 @@ QVector<QuoteBar> scanBars(const char *begin, const char *end, LineScan mode);
 QString formatLine(const QuoteBar &bar);
 
 // The whole file text of a series: the header, then "\n" and one line per bar from the
-// newest to the oldest. No line end after the last line.
+// newest to the oldest. No line end after the last line. seriesToBytes() is the same text
+// as its Latin-1 bytes, ready for writeText() without a conversion.
 QString seriesToText(const Reader &reader);
 QString seriesToText(const QVector<QuoteBar> &barsOldestFirst);
+QByteArray seriesToBytes(const QVector<QuoteBar> &barsOldestFirst);
 
-// Writes text as Latin-1 through a save file: either the whole new text lands or the old
-// file stays as it was. Returns false when the file cannot be written; *error (optional)
-// then says why.
+// Writes text through a save file: either the whole new text lands or the old file stays
+// as it was. A QString is written as Latin-1 (characters without a Latin-1 form become
+// "?"), bytes as they are. Returns false when the file cannot be written; *error
+// (optional) then says why.
 bool writeText(const QString &path, const QString &text, QString *error = nullptr);
+bool writeText(const QString &path, const QByteArray &text, QString *error = nullptr);
 
 // The storage folder of the current home folder, without trailing slash, and the file of
 // a symbol in it: storagePath() + "/" + symbol + ".csv".

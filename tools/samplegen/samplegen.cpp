@@ -274,7 +274,7 @@ int main(int argc, char **argv)
         const QVector<QuoteBar> bars = generate(s);
         const QString path = out.filePath(QLatin1String(s.name) + QLatin1String(".csv"));
         QString error;
-        if (!OrdaneData::writeText(path, OrdaneData::seriesToText(bars), &error)) {
+        if (!OrdaneData::writeText(path, OrdaneData::seriesToBytes(bars), &error)) {
             std::fprintf(stderr, "samplegen: %s: %s\n", qPrintable(path), qPrintable(error));
             return 1;
         }

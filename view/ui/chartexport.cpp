@@ -34,7 +34,7 @@ bool ChartExport::saveCsv(const OrdaneData::ReaderH &series, const QString &path
             *error = tr("No chart is shown.");
         return false;
     }
-    return OrdaneData::writeText(path, OrdaneData::seriesToText(*series), error);
+    return OrdaneData::writeText(path, OrdaneData::seriesToBytes((*series).bars()), error);
 }
 
 QString ChartExport::ask(const QString &title, const QString &fileName, const QString &filter) const
