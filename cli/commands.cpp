@@ -10,6 +10,7 @@ int runCatalogue(const QStringList &args, Context &context);
 int runPatterns(const QStringList &args, Context &context);
 int runTemplate(const QStringList &args, Context &context);
 int runPack(const QStringList &args, Context &context);
+int runMeta(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -58,6 +59,11 @@ const std::vector<Command> &commands()
          "Read the chart template FILE.tt (or a built-in one, \":/Templates/TrawlerWeek.tt\") "
          "and print it in the form the program saves.",
          &runTemplate},
+        {"meta", "SYMBOL",
+         "Print the metadata stored for SYMBOL (its name, exchange, figures, currency and the "
+         "date of their refresh) as column=value lines in the order of the table; the symbol is "
+         "looked up upper-cased.",
+         &runMeta},
     };
     return table;
 }
