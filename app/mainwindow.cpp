@@ -62,7 +62,7 @@ const struct
 
 MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
-    , mMeta(new OrdaneData::MetaData(OrdaneData::MetaData::defaultPath(), this))
+    , mMeta(new OrdaneData::MetaData(this))
     , mData(new OrdaneData::DataManager(this))
     , mUpdates(new QuoteUpdates(mData, statusBar(), this))
     , mViews(new OrdaneView::ViewsContainer(this))

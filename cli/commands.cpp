@@ -12,6 +12,7 @@ int runTemplate(const QStringList &args, Context &context);
 int runPack(const QStringList &args, Context &context);
 int runUpdate(const QStringList &args, Context &context);
 int runFetch(const QStringList &args, Context &context);
+int runMeta(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -69,6 +70,11 @@ const std::vector<Command> &commands()
          "Download the whole history of SYMBOL into the store, and its metadata when the "
          "service has them.",
          &runFetch},
+        {"meta", "SYMBOL",
+         "Print the metadata stored for SYMBOL (its name, exchange, figures, currency and the "
+         "date of their refresh) as column=value lines in the order of the table; the symbol is "
+         "looked up upper-cased.",
+         &runMeta},
     };
     return table;
 }

@@ -7,7 +7,7 @@ namespace OrdaneData {
 
 // The one folder that holds the program's own files (settings aside):
 //
-//   Storage/         stored quote files, one per symbol
+//   Storage/         stored quote files, one per symbol, and the metadata store _meta.tdb
 //   Templates/       chart templates
 //   UserIndicators/  script indicators, with the shipped examples (see installScripts)
 //   UserExperts/     expert scripts
@@ -38,7 +38,8 @@ QString lastKnownSymbolsFile();
 QStringList storedSymbols();
 
 // Creates the folders of a home that are missing and, when the storage folder is missing
-// or empty, copies the sample quote files into it; the same for the example scripts and
+// or empty, copies the sample quote files and the sample metadata store ("_meta.tdb", see
+// MetaData) into it; the same for the example scripts and
 // the UserIndicators folder. Existing files are never touched.
 // Returns false with a message in *error when something could not be created.
 bool prepare(QString *error = nullptr);

@@ -167,6 +167,13 @@ void TestCli::exitStatus_data()
     row("pack-without-output", {S("pack"), file}, 2, "SCRIPT.js OUT.bin");
     row("pack-missing-script", {S("pack"), S("/nonexistent.js"), png + S(".bin")}, 1,
         "cannot open");
+    // The home folder's metadata store: the sample one, made on first use.
+    row("meta-ok", {S("meta"), S("^gdaxi")}, 0,
+        "symbol=^GDAXI\nname=DAX\nexchange=XETRA\nepsecy=N/A\n");
+    row("meta-last-columns", {S("meta"), S("^FTSE")}, 0,
+        "\nshortratio=N/A\ncurrency=GBP\nlastupdate=26 Sep 2012\n");
+    row("meta-unknown-symbol", {S("meta"), S("NOPE")}, 1, "no metadata for NOPE");
+    row("meta-without-symbol", {S("meta")}, 2, "expected one SYMBOL");
     row("render-missing-template",
         {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
         "cannot open");
@@ -446,6 +453,8 @@ void TestCli::realProcess_data()
     QTest::newRow("render") << QStringList{S("render"),      mFile,    S("--out"),     png,
                                            S("--indicator"), S("RSI"), S("--overlay"), S("SMA")}
                             << 0 << S("wrote ");
+    QTest::newRow("meta") << QStringList{S("meta"), S("^GSPC")} << 0
+                          << S("symbol=^GSPC\nname=S&P 500\nexchange=SNP\n");
     QTest::newRow("missing-file") << QStringList{S("bars"), S("/nonexistent")} << 1
                                   << S("no such file");
 }

@@ -12,9 +12,9 @@
 using namespace OrdaneData;
 
 namespace {
-const QStringList kSamples = {QStringLiteral("AAPL.csv"), QStringLiteral("ADS.DE.csv"),
+const QStringList kSamples = {QStringLiteral("AAPL.csv"),   QStringLiteral("ADS.DE.csv"),
                               QStringLiteral("MAN.DE.csv"), QStringLiteral("MSFT.csv"),
-                              QStringLiteral("UTX.csv")};
+                              QStringLiteral("UTX.csv"),    QStringLiteral("_meta.tdb")};
 
 const QStringList kScripts = {QStringLiteral("DonchianChannel.bin"), QStringLiteral("HullMA.js"),
                               QStringLiteral("KeltnerChannel.js"),   QStringLiteral("TRIX.bin"),

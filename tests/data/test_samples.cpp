@@ -1,5 +1,6 @@
 // The sample store: reproducible from its generator, and plausible quotes.
 
+#include "data/metadata.h"
 #include "data/reader.h"
 
 #include <QDir>
@@ -36,6 +37,21 @@ void TestSamples::generatorReproducesCommittedFiles()
         QVERIFY(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
         QVERIFY2(a.readAll() == b.readAll(), qPrintable(name + QStringLiteral(" differs")));
     }
+
+    // The metadata store holds the same rows; its bytes are the SQLite library's business.
+    const QString shippedPath = committed.filePath(QStringLiteral("_meta.tdb"));
+    QVERIFY(QFileInfo::exists(shippedPath)); // else opening it would make one
+    MetaData shipped(shippedPath);
+    MetaData generated(QDir(out.path()).filePath(QStringLiteral("_meta.tdb")));
+    QStringList symbols = generated.symbols();
+    symbols.sort();
+    QCOMPARE(symbols, QStringList({QStringLiteral("^FTSE"), QStringLiteral("^GDAXI"),
+                                   QStringLiteral("^GSPC")}));
+    QStringList shippedSymbols = shipped.symbols();
+    shippedSymbols.sort();
+    QCOMPARE(shippedSymbols, symbols);
+    for (const QString &symbol : symbols)
+        QCOMPARE(shipped.record(symbol), generated.record(symbol));
 }
 
 void TestSamples::samplesArePlausible_data()

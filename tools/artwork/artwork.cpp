@@ -6,8 +6,11 @@
 // writes RESOURCES_DIR/app.png, RESOURCES_DIR/appsplash.png, RESOURCES_DIR/HCStyle/
 // lowres/*.png and the pictures under RESOURCES_DIR/pix, among them the tick marks and the
 // planet and zodiac symbols scripts draw (pix/planets, pix/zodiacs; their glyphs come from
-// DejaVu Sans, which must be installed). The palette is the style sheet's: deep slate
-// surfaces, teal for rising bars, coral for falling ones, amber for the average line.
+// DejaVu Sans, which must be installed) and the flags (flags.cpp). The palette is the style
+// sheet's: deep slate surfaces, teal for rising bars, coral for falling ones, amber for the
+// average line.
+
+#include "flags.h"
 
 #include <QDir>
 #include <QFont>
@@ -682,50 +685,7 @@ int main(int argc, char **argv)
     }
     ok = ok && save(down, pix.filePath(QStringLiteral("pointer10x10down.png")));
 
-    // Language flags, 16 x 11 bitmaps.
-    const auto flag = [](const std::function<void(QPainter &)> &paint) {
-        QImage image(16, 11, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter p(&image);
-        paint(p);
-        return image;
-    };
-    const auto saveBitmap = [](const QImage &image, const QString &path) {
-        if (image.save(path, "BMP"))
-            return true;
-        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
-        return false;
-    };
-    const auto stripes = [](QPainter &p, const QColor &a, const QColor &b, const QColor &c) {
-        p.fillRect(0, 0, 16, 4, a);
-        p.fillRect(0, 4, 16, 3, b);
-        p.fillRect(0, 7, 16, 4, c);
-    };
-    ok = ok &&
-         saveBitmap(flag([&](QPainter &p) {
-                        stripes(p, Qt::black, QColor(0xdd, 0x00, 0x00), QColor(0xff, 0xce, 0x00));
-                    }),
-                    pix.filePath(QStringLiteral("fde.bmp")));
-    ok = ok &&
-         saveBitmap(flag([&](QPainter &p) {
-                        stripes(p, Qt::white, QColor(0x00, 0x39, 0xa6), QColor(0xd5, 0x2b, 0x1e));
-                    }),
-                    pix.filePath(QStringLiteral("fru.bmp")));
-    ok = ok && saveBitmap(flag([](QPainter &p) {
-                              p.fillRect(0, 0, 16, 11, QColor(0x01, 0x21, 0x69));
-                              p.setRenderHint(QPainter::Antialiasing);
-                              p.setPen(QPen(Qt::white, 2.6));
-                              p.drawLine(QPointF(0, 0), QPointF(16, 11));
-                              p.drawLine(QPointF(16, 0), QPointF(0, 11));
-                              p.setPen(QPen(QColor(0xc8, 0x10, 0x2e), 1));
-                              p.drawLine(QPointF(0, 0), QPointF(16, 11));
-                              p.drawLine(QPointF(16, 0), QPointF(0, 11));
-                              p.setRenderHint(QPainter::Antialiasing, false);
-                              p.fillRect(6, 0, 4, 11, Qt::white);
-                              p.fillRect(0, 4, 16, 3, Qt::white);
-                              p.fillRect(7, 0, 2, 11, QColor(0xc8, 0x10, 0x2e));
-                              p.fillRect(0, 5, 16, 1, QColor(0xc8, 0x10, 0x2e));
-                          }),
-                          pix.filePath(QStringLiteral("fen.bmp")));
+    // The flags of the interface languages and of the exchanges' countries.
+    ok = ok && saveFlags(pix.absolutePath());
     return ok ? 0 : 1;
 }

@@ -1,4 +1,5 @@
-// Generates the five sample quote files that ship with Halcyra.
+// Generates the sample store that ships with Halcyra: five quote files and the metadata
+// store "_meta.tdb" with the rows of the three indices.
 //
 //   samplegen OUTDIR
 //
@@ -11,19 +12,24 @@
 //
 // The output is byte-for-byte reproducible: a fixed xoshiro256** generator seeded by
 // splitmix64, normal deviates as the sum of twelve uniforms, and no transcendental
-// functions, so no libm difference can change a digit.
+// functions, so no libm difference can change a digit. The metadata store is made anew each
+// time from fixed rows; its bytes are those of the SQLite library at hand, its rows always
+// the same.
 
+#include "data/metadata.h"
 #include "data/quotefile.h"
 
 #include <QCoreApplication>
 #include <QDate>
 #include <QDir>
+#include <QFile>
 #include <QSet>
 #include <QVector>
 
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -254,6 +260,42 @@ QVector<QuoteBar> generate(const Symbol &s)
     return bars;
 }
 
+// The three indices, with the currency of their quotes and no figures, refreshed the day after
+// the quote files' last bar.
+bool writeMetaData(const QString &path)
+{
+    if (QFile::exists(path) && !QFile::remove(path)) {
+        std::fprintf(stderr, "samplegen: cannot replace %s\n", qPrintable(path));
+        return false;
+    }
+    const struct
+    {
+        const char *symbol, *name, *exchange, *currency;
+    } kIndices[] = {
+        {"^GSPC", "S&P 500", "SNP", "USD"},
+        {"^GDAXI", "DAX", "XETRA", "EUR"},
+        {"^FTSE", "FTSE 100", "FSI", "GBP"},
+    };
+    OrdaneData::MetaData store(path);
+    if (!store.open())
+        return false;
+    for (const auto &index : kIndices) {
+        // symbol, name, exchange, 17 figures, currency, lastupdate
+        QStringList row = {QLatin1String(index.symbol), QString::fromUtf8(index.name),
+                           QLatin1String(index.exchange)};
+        for (int i = 0; i < 17; ++i)
+            row << QStringLiteral("N/A");
+        row << QLatin1String(index.currency) << QStringLiteral("26 Sep 2012");
+        if (!store.insert(row)) {
+            std::fprintf(stderr, "samplegen: cannot write %s to %s\n", index.symbol,
+                         qPrintable(path));
+            return false;
+        }
+    }
+    std::printf("_meta.tdb %d symbols\n", int(std::size(kIndices)));
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -294,5 +336,7 @@ int main(int argc, char **argv)
             status = 1;
         }
     }
+    if (!writeMetaData(out.filePath(QStringLiteral("_meta.tdb"))))
+        return 1;
     return status;
 }
