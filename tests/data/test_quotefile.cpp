@@ -12,7 +12,6 @@
 #include <cstring>
 #include <limits>
 
-Q_DECLARE_METATYPE(QuoteBar)
 
 using namespace OrdaneData;
 
