@@ -86,7 +86,7 @@ void DownloadManager::attempt()
 
 void DownloadManager::readAvailable()
 {
-    if (!mReply || mTooLarge)
+    if (!mReply || mTooLarge || !mReply->isOpen())
         return;
     // Read as it arrives, so the reply's own buffer stays small and the limit holds.
     if (mData.size() + mReply->bytesAvailable() > mMaxSize) {

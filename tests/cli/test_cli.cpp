@@ -2,12 +2,14 @@
 
 #include "cli/command.h"
 #include "data/quotefile.h"
+#include "support/quoteservice.h"
 #include "data/reader.h"
 #include "view/charttemplate.h"
 #include "view/dateaxis.h"
 
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -53,6 +55,7 @@ private slots:
     void realProcess_data();
     void realProcess();
     void scriptsRunAndPack();
+    void updateFetchAndMetaFromTheService();
 
 private:
     QTemporaryDir mDir;
@@ -507,6 +510,45 @@ void TestCli::scriptsRunAndPack()
         const QString name = QFileInfo(path).fileName();
         QVERIFY(cli.readAllStandardError().contains(name.toUtf8() + ": bars: 25"));
     }
+}
+
+// update, fetch and meta against the local quote service, whose samples reach yesterday.
+void TestCli::updateFetchAndMetaFromTheService()
+{
+    TestSupport::QuoteService service({QStringLiteral("--fault"), QStringLiteral("MSFT=html")});
+    QVERIFY(service.isRunning());
+    QTemporaryDir home;
+    const QString host = service.url().toString();
+    const auto cli = [&](QStringList args) {
+        return runCli(QStringList{QStringLiteral("--home"), home.path()} + args);
+    };
+    Outcome o = cli({QStringLiteral("update"), QStringLiteral("--table-host"), host,
+                     QStringLiteral("AAPL"), QStringLiteral("MSFT"), QStringLiteral("UTX")});
+    QCOMPARE(o.status, 1); // one failed
+    const QStringList lines = o.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), 3);
+    QVERIFY2(QRegularExpression(QStringLiteral("^AAPL: updated [0-9]{4} rows$")).match(lines.at(0)).hasMatch(),
+             qPrintable(lines.at(0)));
+    QVERIFY2(lines.at(1).startsWith(QStringLiteral("MSFT: failed (not a quote table")),
+             qPrintable(lines.at(1)));
+    QVERIFY(lines.at(2).startsWith(QStringLiteral("UTX: updated ")));
+    o = cli({QStringLiteral("update"), QStringLiteral("--table-host"), host, QStringLiteral("AAPL")});
+    QCOMPARE(o.out, QStringLiteral("AAPL: up to date\n"));
+    QCOMPARE(o.status, 0);
+
+    // A symbol new to the store: its history, and its metadata from the quote host.
+    QVERIFY(QFile::remove(QDir(home.path()).filePath(QStringLiteral("Storage/ADS.DE.csv"))));
+    o = cli({QStringLiteral("fetch"), QStringLiteral("--table-host"), host,
+             QStringLiteral("--quote-host"), host, QStringLiteral("ADS.DE")});
+    QCOMPARE(o.status, 0);
+    QVERIFY2(o.out.startsWith(QStringLiteral("ADS.DE: updated ")), qPrintable(o.out));
+    o = cli({QStringLiteral("meta"), QStringLiteral("ADS.DE")});
+    QCOMPARE(o.status, 0);
+    QVERIFY2(o.out.contains(QStringLiteral("\nexchange=XETRA\n")), qPrintable(o.out));
+
+    // Without a host nothing is tried.
+    o = cli({QStringLiteral("update"), QStringLiteral("MAN.DE")});
+    QCOMPARE(o.out, QStringLiteral("MAN.DE: failed (No quote service is configured)\n"));
 }
 
 QTEST_MAIN(TestCli)

@@ -72,7 +72,7 @@ void TestDownload::initTestCase()
         QStringLiteral("--fault"), QStringLiteral("E500=status:500"),
         QStringLiteral("--fault"), QStringLiteral("EMPTY=empty"),
         QStringLiteral("--fault"), QStringLiteral("SLOW=stall:5000"),
-        QStringLiteral("--fault"), QStringLiteral("MOVED=redirect"),
+        QStringLiteral("--fault"), QStringLiteral("UTX=redirect"),
         QStringLiteral("--limit"), QStringLiteral("1")});
     QVERIFY(mService->isRunning());
 }
@@ -90,7 +90,7 @@ void TestDownload::transferRules_data()
     QTest::addColumn<bool>("ok");
     QTest::addColumn<QString>("error");
     QTest::newRow("table") << "MSFT" << true << "";
-    QTest::newRow("redirect-followed") << "MOVED" << true << "";
+    QTest::newRow("redirect-followed") << "UTX" << true << "";
     QTest::newRow("404-whatever-the-body") << "E404" << false << "HTTP 404";
     QTest::newRow("500-after-one-retry") << "E500" << false << "HTTP 500";
     QTest::newRow("stalling-server") << "SLOW" << false << "no answer within 0.3 s";
@@ -114,7 +114,7 @@ void TestDownload::transferRules()
     QByteArray data;
     QString why;
     QCOMPARE(downloader.get(url, &data, &why), ok);
-    QVERIFY2(why.startsWith(error), qPrintable(why));
+    QVERIFY2(error.isEmpty() ? why.isEmpty() : why.startsWith(error), qPrintable(why));
     if (ok)
         QVERIFY(isValidTable(data));
     if (symbol == QLatin1String("E500"))
@@ -182,7 +182,9 @@ void TestDownload::symbolsLeftAlone()
 {
     MetaData meta(mHome.filePath(QStringLiteral("left.tdb")));
     QVERIFY(meta.open());
-    QStringList row(22, QStringLiteral("N/A"));
+    QStringList row;
+    for (int i = 0; i < 22; ++i)
+        row << QStringLiteral("N/A");
     for (const QString &symbol : {QStringLiteral("EURUSD=X"), QStringLiteral("UTX")}) {
         row[0] = symbol;
         QVERIFY(meta.insert(row));

@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QStringList>
 #include <QUrl>
+#include <QUrlQuery>
 #include <QtTest>
 
 // The path of the service binary; halcyra_use_quote_service() in tests/CMakeLists.txt defines it
@@ -58,6 +59,26 @@ public:
     // The process, for signals of a test's own choosing; 0 when it is not running.
     qint64 processId() const { return mProcess.processId(); }
 
+    // How many requests named `symbol` (its "s=" query value) the service has logged. The
+    // service logs a request once it has answered it, so the count may lag a reply that has
+    // just arrived by a moment: compare with QTRY_COMPARE.
+    int requestsFor(const QString &symbol)
+    {
+        while (mProcess.waitForReadyRead(20)) {
+        }
+        mLog += mProcess.readAllStandardOutput();
+        int count = 0;
+        for (const QByteArray &line : mLog.split('\n')) {
+            const QList<QByteArray> fields = line.split(' ');
+            if (fields.size() < 2)
+                continue;
+            const QUrl target(QStringLiteral("http://host") + QString::fromLatin1(fields.at(1)));
+            if (QUrlQuery(target).queryItemValue(QStringLiteral("s"), QUrl::FullyDecoded) == symbol)
+                ++count;
+        }
+        return count;
+    }
+
     // Sends SIGTERM unless the service has already ended, and waits for the end (killing it
     // after 30 seconds). Returns whether it ended normally with exit code 0.
     bool stop()
@@ -76,6 +97,7 @@ public:
 private:
     QProcess mProcess;
     QUrl mUrl;
+    QByteArray mLog;
 };
 
 } // namespace TestSupport
