@@ -81,18 +81,20 @@ QString UpdateSummary::describe() const
 {
     QStringList parts;
     if (updated)
-        parts << tr("%n updated", nullptr, updated);
+        parts << tr("%1 updated").arg(updated);
     if (upToDate)
-        parts << tr("%n up to date", nullptr, upToDate);
+        parts << tr("%1 up to date").arg(upToDate);
     if (skipped)
-        parts << tr("%n skipped", nullptr, skipped);
+        parts << tr("%1 skipped").arg(skipped);
     if (failed) {
         QStringList shown = failures.mid(0, 3);
         if (failures.size() > 3)
             shown << QStringLiteral("…");
-        parts << tr("%n failed (%1)", nullptr, failed).arg(shown.join(QStringLiteral("; ")));
+        parts << tr("%1 failed (%2)").arg(failed).arg(shown.join(QStringLiteral("; ")));
     }
-    return tr("%n symbol(s): %1", nullptr, total()).arg(parts.join(QStringLiteral(", ")));
+    if (parts.isEmpty())
+        return tr("Quotes: nothing to do");
+    return tr("Quotes: %1").arg(parts.join(QStringLiteral(", ")));
 }
 
 DataManager::DataManager(QObject *parent)

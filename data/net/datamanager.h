@@ -53,7 +53,7 @@ public:
 
     void add(const QString &symbol, const UpdateOutcome &outcome);
     int total() const { return updated + upToDate + skipped + failed; }
-    // "5 symbols: 3 updated, 1 up to date, 1 failed (MSFT: HTTP 404 Not Found)"; counts that
+    // "Quotes: 3 updated, 1 up to date, 1 failed (MSFT: HTTP 404 Not Found)"; counts that
     // are 0 are left out, and so are failures past the third.
     QString describe() const;
 };

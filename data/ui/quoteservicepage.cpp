@@ -30,6 +30,7 @@ QuoteServicePage::QuoteServicePage(QWidget *parent)
     mQuoteHost->setObjectName(QStringLiteral("QuoteServicePageQuoteHost"));
     mApiKey->setObjectName(QStringLiteral("QuoteServicePageApiKey"));
     mTry->setObjectName(QStringLiteral("QuoteServicePageTry"));
+    mTrySymbol->setObjectName(QStringLiteral("QuoteServicePageSymbol"));
     mResult->setObjectName(QStringLiteral("QuoteServicePageResult"));
 
     mProvider->addItem(tr("Quote tables and fields (\"table\")"), int(QuoteService::Table));
@@ -131,9 +132,10 @@ void QuoteServicePage::slotTry()
                     QByteArray table;
                     QString error;
                     if (mTried.readTable(reply, &table, &error))
-                        finishTry(true, tr("The service answered with %n day(s) of %1.", nullptr,
-                                           table.count('\n'))
-                                            .arg(mTriedSymbol));
+                        finishTry(true, tr("The service answered with the last days of %1: %2 "
+                                           "rows.")
+                                            .arg(mTriedSymbol)
+                                            .arg(table.count('\n')));
                     else
                         finishTry(false, error);
                 });

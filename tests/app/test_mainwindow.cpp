@@ -6,11 +6,15 @@
 #include "browser/stocklist.h"
 #include "browser/storagebrowser.h"
 #include "data/home.h"
+#include "data/quotefile.h"
+#include "data/quotetable.h"
 #include "data/reader.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
+#include "app/quoteupdates.h"
 #include "support/messagebox.h"
+#include "support/quoteservice.h"
 #include "support/testsettings.h"
 #include "view/candlespatternlayer.h"
 #include "view/charttemplate.h"
@@ -24,6 +28,7 @@
 #include <QFile>
 #include <QMenu>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
@@ -44,6 +49,7 @@ private slots:
     void partsReachTheViews();
     void templatesKeptBetweenRuns();
     void startUpScriptFailuresWaitForTheWindow();
+    void quotesCatchUpInTheBackground();
 
 private:
     void open()
@@ -256,6 +262,39 @@ void TestMainWindow::startUpScriptFailuresWaitForTheWindow()
     mWindow->show();
     QTRY_COMPARE(text, QStringLiteral("EXEPTION!!!"));
     QVERIFY(script.remove());
+}
+
+// With a quote service set, the store is brought up to date at start: progress and a Stop
+// button in the status bar, the shown chart reloaded, and what was done at the end. A run
+// can be stopped.
+void TestMainWindow::quotesCatchUpInTheBackground()
+{
+    delete mWindow;
+    mWindow = nullptr;
+    TestSupport::QuoteService service({QStringLiteral("--fault"), QStringLiteral("MAN.DE=stall:400")});
+    QVERIFY(service.isRunning());
+    QSettings().setValue(QStringLiteral("QuoteService/TableHost"), service.url().toString());
+    open();
+    auto *updates = mWindow->quoteUpdates();
+    auto *stop = mWindow->statusBar()->findChild<QToolButton *>(QStringLiteral("QuoteUpdatesStop"));
+    QVERIFY(updates->isRunning());
+    QVERIFY(stop && stop->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!updates->isRunning(), 30000);
+    QVERIFY(!stop->isVisible());
+    QCOMPARE(mWindow->statusBar()->currentMessage(), QStringLiteral("Quotes: 5 updated"));
+    // The chart shows the new days.
+    QTRY_COMPARE(mWindow->viewsContainer()->reader()->bars().constLast().date(),
+                 OrdaneData::lastCompletedTradingDay(QDate::currentDate()));
+
+    // Stopped during the stalled symbol: the run ends there and says so.
+    QFile sample(QStringLiteral(":/Storage/MAN.DE.csv"));
+    QVERIFY(sample.open(QIODevice::ReadOnly));
+    QVERIFY(OrdaneData::writeText(OrdaneData::fileOf(QStringLiteral("MAN.DE")), sample.readAll()));
+    QVERIFY(updates->start({QStringLiteral("MAN.DE"), QStringLiteral("MSFT")}));
+    stop->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!updates->isRunning(), 30000);
+    QVERIFY2(mWindow->statusBar()->currentMessage().startsWith(QStringLiteral("Stopped.")),
+             qPrintable(mWindow->statusBar()->currentMessage()));
 }
 
 QTEST_MAIN(TestMainWindow)

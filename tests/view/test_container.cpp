@@ -8,7 +8,9 @@
 #include "indicators/script/userindicator.h"
 #include "indicators/ui/indicatordialogs.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
+#include "data/quotetable.h"
 #include "support/messagebox.h"
+#include "support/quoteservice.h"
 #include "support/testsettings.h"
 #include "view/chartgeometry.h"
 #include "view/charttemplate.h"
@@ -68,6 +70,7 @@ private slots:
     void templatesReplaceTheSetUp();
     void droppedIndicators();
     void scriptIndicators();
+    void currentPrice();
 
 private:
     QToolButton *button(const char *name) const
@@ -485,6 +488,45 @@ void TestContainer::droppedIndicators()
     QMimeData other;
     other.setText(QStringLiteral("MACD"));
     QVERIFY(View::droppedIndicators(&other).isEmpty());
+}
+
+// The current price from the quote service becomes the newest bar while the button is on;
+// failures are told in message(); price updates can be switched off altogether.
+void TestContainer::currentPrice()
+{
+    TestSupport::QuoteService service({QStringLiteral("--fault"), QStringLiteral("UTX=html")});
+    QVERIFY(service.isRunning());
+    QSettings().setValue(QStringLiteral("QuoteService/TableHost"), service.url().toString());
+    QSettings().setValue(QStringLiteral("QuoteService/QuoteHost"), service.url().toString());
+    mContainer->slotSetDayFrameMode();
+    const int stored = mContainer->reader()->count();
+    QToolButton *cpr = button("Cpr");
+    cpr->click();
+    QVERIFY(cpr->isChecked());
+    QTRY_COMPARE(mContainer->reader()->count(), stored + 1);
+    QCOMPARE(mContainer->reader()->bars().constLast().date(),
+             OrdaneData::lastCompletedTradingDay(QDate::currentDate()));
+    QCOMPARE(service.requestsFor(QStringLiteral("MSFT")), 1);
+    // Every interval again, merged into the same newest bar.
+    mContainer->setPriceInterval(50);
+    QTRY_VERIFY(service.requestsFor(QStringLiteral("MSFT")) >= 3);
+    QCOMPARE(mContainer->reader()->count(), stored + 1);
+
+    // Off while simulating: the button goes off and nothing more is asked for.
+    mContainer->slotEnablePriceUpdates(false);
+    QVERIFY(!cpr->isChecked() && !cpr->isEnabled());
+    const int asked = service.requestsFor(QStringLiteral("MSFT"));
+    mContainer->slotUpdateCurrentPrice();
+    QTest::qWait(200);
+    QCOMPARE(service.requestsFor(QStringLiteral("MSFT")), asked);
+    mContainer->slotEnablePriceUpdates(true);
+
+    QSignalSpy messages(mContainer, &ViewsContainer::message);
+    mContainer->slotFetchChartData(QStringLiteral("UTX"));
+    mContainer->slotUpdateCurrentPrice();
+    QVERIFY(messages.wait(10000));
+    QVERIFY2(messages.constLast().at(0).toString().startsWith(QStringLiteral("No current price for UTX")),
+             qPrintable(messages.constLast().at(0).toString()));
 }
 
 QTEST_MAIN(TestContainer)

@@ -4,11 +4,17 @@
 #include "data/home.h"
 #include "data/quotefile.h"
 #include "data/ui/editcsvdialog.h"
+#include "data/ui/quoteservicepage.h"
 #include "support/messagebox.h"
+#include "support/quoteservice.h"
 #include "support/testsettings.h"
 #include "widgets/updaterpage.h"
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QSettings>
+#include <QSignalSpy>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -31,6 +37,7 @@ private slots:
     void editCsvSavesAndConfirms();
     void editCsvFailureKeepsDialogOpen();
     void updaterPageShowsSearchThenResult();
+    void quoteServicePage();
 
 private:
     QTemporaryDir mHome;
@@ -90,6 +97,48 @@ void TestDialogs::updaterPageShowsSearchThenResult()
     QVERIFY(page.heading().contains(QStringLiteral("Please, wait ...")));
     QVERIFY(finished.wait(5000));
     QVERIFY(page.message().contains(QStringLiteral("UpdateUrl")));
+}
+
+// The quote service page keeps what it shows, offers the fields each provider uses, and
+// tries the service as a download would.
+void TestDialogs::quoteServicePage()
+{
+    TestSupport::QuoteService service({QStringLiteral("--fault"), QStringLiteral("UTX=html")});
+    QVERIFY(service.isRunning());
+    OrdaneData::QuoteServicePage page;
+    auto *tableHost = page.findChild<QLineEdit *>(QStringLiteral("QuoteServicePageTableHost"));
+    auto *quoteHost = page.findChild<QLineEdit *>(QStringLiteral("QuoteServicePageQuoteHost"));
+    auto *apiKey = page.findChild<QLineEdit *>(QStringLiteral("QuoteServicePageApiKey"));
+    auto *provider = page.findChild<QComboBox *>(QStringLiteral("QuoteServicePageProvider"));
+    QVERIFY(tableHost->text().isEmpty());
+    QVERIFY(quoteHost->isEnabled() && !apiKey->isEnabled());
+    QSignalSpy tried(&page, &OrdaneData::QuoteServicePage::tried);
+    page.slotTry();
+    QCOMPARE(page.tryResult(), OrdaneData::QuoteService::notConfigured());
+
+    tableHost->setText(service.url().toString() + QStringLiteral("/"));
+    page.slotTry();
+    QVERIFY(tried.wait(10000));
+    QVERIFY(tried.constLast().at(0).toBool());
+    QVERIFY2(page.tryResult().startsWith(QStringLiteral("The service answered")),
+             qPrintable(page.tryResult()));
+    page.findChild<QLineEdit *>(QStringLiteral("QuoteServicePageSymbol"))->setText(QStringLiteral("UTX"));
+    page.slotTry();
+    QVERIFY(tried.wait(10000));
+    QVERIFY(!tried.constLast().at(0).toBool());
+    QVERIFY2(page.tryResult().startsWith(QStringLiteral("No quotes for UTX: not a quote table")),
+             qPrintable(page.tryResult()));
+
+    provider->setCurrentIndex(1);
+    QVERIFY(!quoteHost->isEnabled() && apiKey->isEnabled());
+    apiKey->setText(QStringLiteral("secret"));
+    page.apply();
+    const OrdaneData::QuoteService stored = OrdaneData::QuoteService::fromSettings();
+    QCOMPARE(stored.provider, OrdaneData::QuoteService::DailyCsv);
+    QCOMPARE(stored.tableHost, service.url().toString() + QStringLiteral("/"));
+    QCOMPARE(stored.apiKey, QStringLiteral("secret"));
+    QCOMPARE(QSettings().value(QStringLiteral("QuoteService/Provider")).toString(),
+             QStringLiteral("stooq"));
 }
 
 QTEST_MAIN(TestDialogs)
