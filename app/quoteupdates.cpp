@@ -6,8 +6,7 @@
 
 namespace Halcyra {
 
-QuoteUpdates::QuoteUpdates(OrdaneData::DataManager *manager, QStatusBar *statusBar,
-                           QObject *parent)
+QuoteUpdates::QuoteUpdates(OrdaneData::DataManager *manager, QStatusBar *statusBar, QObject *parent)
     : QObject(parent)
     , mManager(manager)
     , mStatusBar(statusBar)

@@ -19,7 +19,8 @@ class QuoteUpdates : public QObject
     Q_OBJECT
 
 public:
-    QuoteUpdates(OrdaneData::DataManager *manager, QStatusBar *statusBar, QObject *parent = nullptr);
+    QuoteUpdates(OrdaneData::DataManager *manager, QStatusBar *statusBar,
+                 QObject *parent = nullptr);
     ~QuoteUpdates() override;
 
     // Starts a run over `symbols`. False, with a word in the status bar, when one is going

@@ -42,8 +42,9 @@ struct Setup
             return false;
         for (int i = 0; i < kSymbols; ++i) {
             const QVector<QuoteBar> bars = Bench::randomWalk(kBars, 1000 + i);
-            if (!OrdaneData::writeText(QDir(served.path()).filePath(symbolName(i) + QStringLiteral(".csv")),
-                                       OrdaneData::seriesToBytes(bars)))
+            if (!OrdaneData::writeText(
+                    QDir(served.path()).filePath(symbolName(i) + QStringLiteral(".csv")),
+                    OrdaneData::seriesToBytes(bars)))
                 return false;
             stale.append(OrdaneData::seriesToBytes(bars.mid(0, kBars - kBehind)));
         }

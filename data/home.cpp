@@ -1,6 +1,5 @@
 #include "home.h"
 
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -104,8 +103,7 @@ namespace {
 // Copies every file of a resource folder into `dir` unless `dir` already holds any entry.
 // Byte for byte through a save file rather than QFile::copy, which would keep the
 // resource's read-only mode on files the user is meant to edit.
-int installResources(const QString &resources, const QString &dir, const char *what,
-                     QString *error)
+int installResources(const QString &resources, const QString &dir, const char *what, QString *error)
 {
     QDir target(dir);
     if (!target.exists() && !QDir().mkpath(dir)) {

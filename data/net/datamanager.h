@@ -119,8 +119,8 @@ signals:
     void updated(const QString &symbol, const OrdaneData::UpdateOutcome &outcome);
 
 private:
-    UpdateOutcome step(const QString &symbol, QMRequest::Downloader &downloader,
-                       const QDate &today, bool whole);
+    UpdateOutcome step(const QString &symbol, QMRequest::Downloader &downloader, const QDate &today,
+                       bool whole);
     UpdateOutcome download(const QString &symbol, const QDate &from, const QDate &today,
                            QMRequest::Downloader &downloader);
     void refreshMetaData(const QString &symbol, QMRequest::Downloader &downloader);

@@ -18,6 +18,11 @@ void DataUpdater::updateSymbol(Reader *reader, const QString &symbol, int count)
 {
     Q_UNUSED(count) // a download always brings whatever is missing
     connectReader(reader);
+    // A file written today (or imported data) is not asked for again.
+    if (!needsUpdate(symbol)) {
+        loadSymbol(reader, symbol);
+        return;
+    }
     if (!mManager->service().hasTables()) {
         emit updateFailed(symbol, QuoteService::notConfigured());
         loadSymbol(reader, symbol);

@@ -22,9 +22,9 @@ class DataManager;
 // The three operations of a source, in order: loadStored() fills a reader from the stored
 // file (only when its first line starts with "Date"), loadSymbol() does so and ends with
 // done(symbol), updateSymbol() first runs the data manager's step for the symbol on a worker
-// thread, then loads it and ends with done(symbol) — also when the transfer failed, whose
-// reason comes first with updateFailed(). Without a quote service every download fails at
-// once with QuoteService::notConfigured().
+// thread (unless needsUpdate() says the file is from today or imported), then loads it and ends
+// with done(symbol) — also when the transfer failed, whose reason comes first with updateFailed().
+// Without a quote service every download fails at once with QuoteService::notConfigured().
 class DataUpdater : public StorageSource
 {
     Q_OBJECT
@@ -63,4 +63,3 @@ private:
 };
 
 } // namespace OrdaneData
-

@@ -26,13 +26,13 @@ bool Downloader::get(const QUrl &url, QByteArray *data, QString *error)
 {
     QEventLoop loop;
     bool ok = false;
-    const QMetaObject::Connection done =
-        connect(mManager, &DownloadManager::done, &loop, [&](const QUrl &, const QByteArray &reply) {
-            if (data)
-                *data = reply;
-            ok = true;
-            loop.quit();
-        });
+    const QMetaObject::Connection done = connect(mManager, &DownloadManager::done, &loop,
+                                                 [&](const QUrl &, const QByteArray &reply) {
+                                                     if (data)
+                                                         *data = reply;
+                                                     ok = true;
+                                                     loop.quit();
+                                                 });
     const QMetaObject::Connection failed =
         connect(mManager, &DownloadManager::error, &loop, &QEventLoop::quit);
     mManager->download(url);

@@ -73,8 +73,8 @@ QUrl QuoteService::tableUrl(const QString &symbol, const QDate &start, const QDa
     if (provider == DailyCsv) {
         const QString format = QStringLiteral("yyyyMMdd");
         return QUrl(host(tableHost) + QStringLiteral("/q/d/l/?s=") + querySymbol(symbol.toLower()) +
-                    QStringLiteral("&i=d&d1=") + start.toString(format) +
-                    QStringLiteral("&d2=") + end.toString(format) + QStringLiteral("&apikey=") +
+                    QStringLiteral("&i=d&d1=") + start.toString(format) + QStringLiteral("&d2=") +
+                    end.toString(format) + QStringLiteral("&apikey=") +
                     QString::fromLatin1(QUrl::toPercentEncoding(apiKey)));
     }
     return QUrl(host(tableHost) + QStringLiteral("/table.csv?") +

@@ -54,7 +54,9 @@ QuoteServicePage::QuoteServicePage(QWidget *parent)
     tryRow->addWidget(mTrySymbol);
     tryRow->addWidget(mTry);
     tryRow->addStretch(1);
-    form->addRow(tr("S&ymbol:"), tryRow);
+    auto *symbolLabel = new QLabel(tr("S&ymbol:"), this);
+    symbolLabel->setBuddy(mTrySymbol);
+    form->addRow(symbolLabel, tryRow);
     mTrySymbol->setToolTip(tr("A symbol to try the service with"));
 
     auto *layout = new QVBoxLayout(this);
@@ -124,9 +126,8 @@ void QuoteServicePage::slotTry()
     }
     if (!mTransfer) {
         mTransfer = new QMRequest::DownloadManager(this);
-        connect(mTransfer, &QMRequest::DownloadManager::error, this, [this] {
-            finishTry(false, mTransfer->errorString());
-        });
+        connect(mTransfer, &QMRequest::DownloadManager::error, this,
+                [this] { finishTry(false, mTransfer->errorString()); });
         connect(mTransfer, &QMRequest::DownloadManager::done, this,
                 [this](const QUrl &, const QByteArray &reply) {
                     QByteArray table;

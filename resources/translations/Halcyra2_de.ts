@@ -159,6 +159,41 @@
         <source>Template loaded</source>
         <translation>Vorlage geladen</translation>
     </message>
+    <message>
+        <source>Update &amp;Quotes</source>
+        <translation>&amp;Kurse aktualisieren</translation>
+    </message>
+    <message>
+        <source>Bring every stored symbol up to date from the quote service</source>
+        <translation>Alle gespeicherten Symbole vom Kursdienst aktualisieren</translation>
+    </message>
+    <message>
+        <source>Quote Service</source>
+        <translation>Kursdienst</translation>
+    </message>
+</context>
+<context>
+    <name>Halcyra::QuoteUpdates</name>
+    <message>
+        <source>Quotes %v of %m</source>
+        <translation>Kurse %v von %m</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop updating the quotes after the symbol under way</source>
+        <translation>Die Aktualisierung nach dem laufenden Symbol anhalten</translation>
+    </message>
+    <message>
+        <source>The quotes are being updated already.</source>
+        <translation>Die Kurse werden bereits aktualisiert.</translation>
+    </message>
+    <message>
+        <source>Stopped. %1</source>
+        <translation>Angehalten. %1</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneBrowser::StockList</name>
@@ -203,6 +238,32 @@
     </message>
 </context>
 <context>
+    <name>OrdaneData::DataManager</name>
+    <message>
+        <source>no exchange known</source>
+        <translation>keine Börse bekannt</translation>
+    </message>
+    <message>
+        <source>imported data</source>
+        <translation>importierte Daten</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>wird nicht geladen</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::DataUpdater</name>
+    <message>
+        <source>the quote service has no current quotes</source>
+        <translation>der Kursdienst liefert keine aktuellen Kurse</translation>
+    </message>
+    <message>
+        <source>not a current quote: %1</source>
+        <translation>kein aktueller Kurs: %1</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneData::EditCsvDialog</name>
     <message>
         <source>&amp;Save</source>
@@ -231,6 +292,111 @@
     <message>
         <source> was successfully saved</source>
         <translation> wurden erfolgreich gespeichert</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::QuoteService</name>
+    <message>
+        <source>No quote service is configured</source>
+        <translation>Kein Kursdienst eingerichtet</translation>
+    </message>
+    <message>
+        <source>empty reply</source>
+        <translation>leere Antwort</translation>
+    </message>
+    <message>
+        <source>not a quote table: %1</source>
+        <translation>keine Kurstabelle: %1</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::QuoteServicePage</name>
+    <message>
+        <source>&amp;Try</source>
+        <translation>&amp;Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Quote tables and fields (&quot;table&quot;)</source>
+        <translation>Kurstabellen und Felder („table“)</translation>
+    </message>
+    <message>
+        <source>Daily CSV (&quot;stooq&quot;)</source>
+        <translation>Tages-CSV („stooq“)</translation>
+    </message>
+    <message>
+        <source>Not set, for example http://127.0.0.1:8700</source>
+        <translation>Nicht gesetzt, zum Beispiel http://127.0.0.1:8700</translation>
+    </message>
+    <message>
+        <source>&amp;Provider:</source>
+        <translation>&amp;Anbieter:</translation>
+    </message>
+    <message>
+        <source>&amp;Table host:</source>
+        <translation>&amp;Tabellen-Server:</translation>
+    </message>
+    <message>
+        <source>&amp;Quote host:</source>
+        <translation>&amp;Kurs-Server:</translation>
+    </message>
+    <message>
+        <source>API &amp;key:</source>
+        <translation>API-&amp;Schlüssel:</translation>
+    </message>
+    <message>
+        <source>S&amp;ymbol:</source>
+        <translation>S&amp;ymbol:</translation>
+    </message>
+    <message>
+        <source>A symbol to try the service with</source>
+        <translation>Ein Symbol, mit dem der Dienst ausprobiert wird</translation>
+    </message>
+    <message>
+        <source>Historical tables come from the table host, current quotes and the symbols&apos; metadata from the quote host.</source>
+        <translation>Historische Tabellen kommen vom Tabellen-Server, aktuelle Kurse und die Stammdaten der Symbole vom Kurs-Server.</translation>
+    </message>
+    <message>
+        <source>Daily tables only: no current quotes and no metadata. Symbols carry the service&apos;s suffixes, such as aapl.us or ads.de.</source>
+        <translation>Nur Tagestabellen: keine aktuellen Kurse und keine Stammdaten. Die Symbole tragen die Endungen des Dienstes, etwa aapl.us oder ads.de.</translation>
+    </message>
+    <message>
+        <source>The service answered with the last days of %1: %2 rows.</source>
+        <translation>Der Dienst lieferte die letzten Tage von %1: %2 Zeilen.</translation>
+    </message>
+    <message>
+        <source>Asking %1 ...</source>
+        <translation>Frage %1 an ...</translation>
+    </message>
+    <message>
+        <source>No quotes for %1: %2</source>
+        <translation>Keine Kurse für %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::UpdateSummary</name>
+    <message>
+        <source>%1 updated</source>
+        <translation>%1 aktualisiert</translation>
+    </message>
+    <message>
+        <source>%1 up to date</source>
+        <translation>%1 aktuell</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 übersprungen</translation>
+    </message>
+    <message>
+        <source>%1 failed (%2)</source>
+        <translation>%1 fehlgeschlagen (%2)</translation>
+    </message>
+    <message>
+        <source>Quotes: nothing to do</source>
+        <translation>Kurse: nichts zu tun</translation>
+    </message>
+    <message>
+        <source>Quotes: %1</source>
+        <translation>Kurse: %1</translation>
     </message>
 </context>
 <context>
@@ -812,6 +978,10 @@ Möchten Sie die Änderungen speichern?</translation>
         <source>Save the series as CSV</source>
         <translation>Reihe als CSV speichern</translation>
     </message>
+    <message>
+        <source>Current price, every minute</source>
+        <translation>Aktueller Kurs, jede Minute</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneView::ViewParameters</name>
@@ -941,6 +1111,29 @@ Möchten Sie die Änderungen speichern?</translation>
     <message>
         <source>The template could not be read: %1</source>
         <translation>Die Vorlage konnte nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>No current price for %1: %2</source>
+        <translation>Kein aktueller Kurs für %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought up to date: %2</source>
+        <translation>%1 konnte nicht aktualisiert werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>QMRequest::DownloadManager</name>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>reply larger than %1 MiB</source>
+        <translation>Antwort größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>no answer within %1 s</source>
+        <translation>keine Antwort innerhalb von %1 s</translation>
     </message>
 </context>
 </TS>

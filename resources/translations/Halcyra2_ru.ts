@@ -159,6 +159,41 @@
         <source>Template loaded</source>
         <translation>Шаблон загружен</translation>
     </message>
+    <message>
+        <source>Update &amp;Quotes</source>
+        <translation>Обновить &amp;котировки</translation>
+    </message>
+    <message>
+        <source>Bring every stored symbol up to date from the quote service</source>
+        <translation>Обновить все сохранённые символы из службы котировок</translation>
+    </message>
+    <message>
+        <source>Quote Service</source>
+        <translation>Служба котировок</translation>
+    </message>
+</context>
+<context>
+    <name>Halcyra::QuoteUpdates</name>
+    <message>
+        <source>Quotes %v of %m</source>
+        <translation>Котировки %v из %m</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Остановить</translation>
+    </message>
+    <message>
+        <source>Stop updating the quotes after the symbol under way</source>
+        <translation>Остановить обновление после текущего символа</translation>
+    </message>
+    <message>
+        <source>The quotes are being updated already.</source>
+        <translation>Котировки уже обновляются.</translation>
+    </message>
+    <message>
+        <source>Stopped. %1</source>
+        <translation>Остановлено. %1</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneBrowser::StockList</name>
@@ -203,6 +238,32 @@
     </message>
 </context>
 <context>
+    <name>OrdaneData::DataManager</name>
+    <message>
+        <source>no exchange known</source>
+        <translation>биржа неизвестна</translation>
+    </message>
+    <message>
+        <source>imported data</source>
+        <translation>импортированные данные</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>не загружается</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::DataUpdater</name>
+    <message>
+        <source>the quote service has no current quotes</source>
+        <translation>служба котировок не даёт текущих котировок</translation>
+    </message>
+    <message>
+        <source>not a current quote: %1</source>
+        <translation>не текущая котировка: %1</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneData::EditCsvDialog</name>
     <message>
         <source>&amp;Save</source>
@@ -231,6 +292,111 @@
     <message>
         <source> was successfully saved</source>
         <translation> успешно сохранены</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::QuoteService</name>
+    <message>
+        <source>No quote service is configured</source>
+        <translation>Служба котировок не настроена</translation>
+    </message>
+    <message>
+        <source>empty reply</source>
+        <translation>пустой ответ</translation>
+    </message>
+    <message>
+        <source>not a quote table: %1</source>
+        <translation>не таблица котировок: %1</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::QuoteServicePage</name>
+    <message>
+        <source>&amp;Try</source>
+        <translation>&amp;Проверить</translation>
+    </message>
+    <message>
+        <source>Quote tables and fields (&quot;table&quot;)</source>
+        <translation>Таблицы котировок и поля («table»)</translation>
+    </message>
+    <message>
+        <source>Daily CSV (&quot;stooq&quot;)</source>
+        <translation>Дневной CSV («stooq»)</translation>
+    </message>
+    <message>
+        <source>Not set, for example http://127.0.0.1:8700</source>
+        <translation>Не задан, например http://127.0.0.1:8700</translation>
+    </message>
+    <message>
+        <source>&amp;Provider:</source>
+        <translation>&amp;Поставщик:</translation>
+    </message>
+    <message>
+        <source>&amp;Table host:</source>
+        <translation>Сервер &amp;таблиц:</translation>
+    </message>
+    <message>
+        <source>&amp;Quote host:</source>
+        <translation>Сервер &amp;котировок:</translation>
+    </message>
+    <message>
+        <source>API &amp;key:</source>
+        <translation>&amp;Ключ API:</translation>
+    </message>
+    <message>
+        <source>S&amp;ymbol:</source>
+        <translation>С&amp;имвол:</translation>
+    </message>
+    <message>
+        <source>A symbol to try the service with</source>
+        <translation>Символ для проверки службы</translation>
+    </message>
+    <message>
+        <source>Historical tables come from the table host, current quotes and the symbols&apos; metadata from the quote host.</source>
+        <translation>Исторические таблицы приходят с сервера таблиц, текущие котировки и сведения о символах — с сервера котировок.</translation>
+    </message>
+    <message>
+        <source>Daily tables only: no current quotes and no metadata. Symbols carry the service&apos;s suffixes, such as aapl.us or ads.de.</source>
+        <translation>Только дневные таблицы: без текущих котировок и без сведений о символах. Символы пишутся с окончаниями службы, например aapl.us или ads.de.</translation>
+    </message>
+    <message>
+        <source>The service answered with the last days of %1: %2 rows.</source>
+        <translation>Служба вернула последние дни %1: строк — %2.</translation>
+    </message>
+    <message>
+        <source>Asking %1 ...</source>
+        <translation>Запрос к %1 ...</translation>
+    </message>
+    <message>
+        <source>No quotes for %1: %2</source>
+        <translation>Нет котировок для %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneData::UpdateSummary</name>
+    <message>
+        <source>%1 updated</source>
+        <translation>обновлено: %1</translation>
+    </message>
+    <message>
+        <source>%1 up to date</source>
+        <translation>актуально: %1</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>пропущено: %1</translation>
+    </message>
+    <message>
+        <source>%1 failed (%2)</source>
+        <translation>ошибок: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Quotes: nothing to do</source>
+        <translation>Котировки: нечего делать</translation>
+    </message>
+    <message>
+        <source>Quotes: %1</source>
+        <translation>Котировки: %1</translation>
     </message>
 </context>
 <context>
@@ -812,6 +978,10 @@ Do you want to save your changes?</source>
         <source>Save the series as CSV</source>
         <translation>Сохранить ряд в CSV</translation>
     </message>
+    <message>
+        <source>Current price, every minute</source>
+        <translation>Текущая цена, каждую минуту</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneView::ViewParameters</name>
@@ -941,6 +1111,29 @@ Do you want to save your changes?</source>
     <message>
         <source>The template could not be read: %1</source>
         <translation>Не удалось прочитать шаблон: %1</translation>
+    </message>
+    <message>
+        <source>No current price for %1: %2</source>
+        <translation>Нет текущей цены для %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be brought up to date: %2</source>
+        <translation>Не удалось обновить %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>QMRequest::DownloadManager</name>
+    <message>
+        <source>cancelled</source>
+        <translation>отменено</translation>
+    </message>
+    <message>
+        <source>reply larger than %1 MiB</source>
+        <translation>ответ больше %1 МиБ</translation>
+    </message>
+    <message>
+        <source>no answer within %1 s</source>
+        <translation>нет ответа в течение %1 с</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 // from one run to the next.
 
 #include "app/mainwindow.h"
+#include "app/quoteupdates.h"
 #include "browser/stocklist.h"
 #include "browser/storagebrowser.h"
 #include "data/home.h"
@@ -12,7 +13,6 @@
 #include "indicators/indicatorlayer.h"
 #include "indicators/ui/candlesexpertpanel.h"
 #include "indicators/ui/indicatorfactorywidget.h"
-#include "app/quoteupdates.h"
 #include "support/messagebox.h"
 #include "support/quoteservice.h"
 #include "support/testsettings.h"
@@ -271,7 +271,8 @@ void TestMainWindow::quotesCatchUpInTheBackground()
 {
     delete mWindow;
     mWindow = nullptr;
-    TestSupport::QuoteService service({QStringLiteral("--fault"), QStringLiteral("MAN.DE=stall:400")});
+    TestSupport::QuoteService service(
+        {QStringLiteral("--fault"), QStringLiteral("MAN.DE=stall:400")});
     QVERIFY(service.isRunning());
     QSettings().setValue(QStringLiteral("QuoteService/TableHost"), service.url().toString());
     open();

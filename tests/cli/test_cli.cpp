@@ -2,8 +2,8 @@
 
 #include "cli/command.h"
 #include "data/quotefile.h"
-#include "support/quoteservice.h"
 #include "data/reader.h"
+#include "support/quoteservice.h"
 #include "view/charttemplate.h"
 #include "view/dateaxis.h"
 
@@ -527,12 +527,15 @@ void TestCli::updateFetchAndMetaFromTheService()
     QCOMPARE(o.status, 1); // one failed
     const QStringList lines = o.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QCOMPARE(lines.size(), 3);
-    QVERIFY2(QRegularExpression(QStringLiteral("^AAPL: updated [0-9]{4} rows$")).match(lines.at(0)).hasMatch(),
+    QVERIFY2(QRegularExpression(QStringLiteral("^AAPL: updated [0-9]{4} rows$"))
+                 .match(lines.at(0))
+                 .hasMatch(),
              qPrintable(lines.at(0)));
     QVERIFY2(lines.at(1).startsWith(QStringLiteral("MSFT: failed (not a quote table")),
              qPrintable(lines.at(1)));
     QVERIFY(lines.at(2).startsWith(QStringLiteral("UTX: updated ")));
-    o = cli({QStringLiteral("update"), QStringLiteral("--table-host"), host, QStringLiteral("AAPL")});
+    o = cli(
+        {QStringLiteral("update"), QStringLiteral("--table-host"), host, QStringLiteral("AAPL")});
     QCOMPARE(o.out, QStringLiteral("AAPL: up to date\n"));
     QCOMPARE(o.status, 0);
 

@@ -66,14 +66,12 @@ void TestDownload::initTestCase()
     QVERIFY(TestSupport::useTestHome(mHome.path()));
     mService = std::make_unique<TestSupport::QuoteService>(QStringList{
         QStringLiteral("--fault"), QStringLiteral("NOTABLE=body:Data,Stuff\n2012-01-01"),
-        QStringLiteral("--fault"), QStringLiteral("NODATE=nodate"),
-        QStringLiteral("--fault"), QStringLiteral("HTML=html"),
-        QStringLiteral("--fault"), QStringLiteral("E404=status:404"),
-        QStringLiteral("--fault"), QStringLiteral("E500=status:500"),
-        QStringLiteral("--fault"), QStringLiteral("EMPTY=empty"),
-        QStringLiteral("--fault"), QStringLiteral("SLOW=stall:5000"),
-        QStringLiteral("--fault"), QStringLiteral("UTX=redirect"),
-        QStringLiteral("--limit"), QStringLiteral("1")});
+        QStringLiteral("--fault"), QStringLiteral("NODATE=nodate"), QStringLiteral("--fault"),
+        QStringLiteral("HTML=html"), QStringLiteral("--fault"), QStringLiteral("E404=status:404"),
+        QStringLiteral("--fault"), QStringLiteral("E500=status:500"), QStringLiteral("--fault"),
+        QStringLiteral("EMPTY=empty"), QStringLiteral("--fault"), QStringLiteral("SLOW=stall:5000"),
+        QStringLiteral("--fault"), QStringLiteral("UTX=redirect"), QStringLiteral("--limit"),
+        QStringLiteral("1")});
     QVERIFY(mService->isRunning());
 }
 
@@ -109,8 +107,7 @@ void TestDownload::transferRules()
     downloader.manager()->setRetryPause(20);
     if (symbol == QLatin1String("AAPL"))
         downloader.manager()->setMaxReplySize(4096);
-    const QUrl url =
-        tableService().tableUrl(symbol, QDate(2012, 1, 2), QDate(2012, 9, 25));
+    const QUrl url = tableService().tableUrl(symbol, QDate(2012, 1, 2), QDate(2012, 9, 25));
     QByteArray data;
     QString why;
     QCOMPARE(downloader.get(url, &data, &why), ok);
@@ -166,7 +163,8 @@ void TestDownload::badRepliesLeaveTheStoreAndTheBatchGoesOn()
     QVERIFY(updated.loadFile(fileOf(QStringLiteral("ADS.DE"))));
     QCOMPARE(updated.bars().constLast().date(), lastCompletedTradingDay(today));
     // The stored days stay, one row per date, newest first.
-    QVERIFY(readAll(fileOf(QStringLiteral("ADS.DE"))).endsWith(adsBefore.mid(adsBefore.indexOf('\n'))));
+    QVERIFY(
+        readAll(fileOf(QStringLiteral("ADS.DE"))).endsWith(adsBefore.mid(adsBefore.indexOf('\n'))));
     // A second run finds it up to date and asks for nothing.
     const int asked = mService->requestsFor(QStringLiteral("ADS.DE"));
     QCOMPARE(manager.updateSymbol(QStringLiteral("ADS.DE"), downloader, today).kind,
@@ -218,24 +216,27 @@ void TestDownload::symbolsLeftAlone()
 // Two runs over the same manager: the mutex makes their steps strictly one after another.
 void TestDownload::overlappingRunsTakeSymbolsOneAtATime()
 {
-    for (const QString &s : {QStringLiteral("RUN1"), QStringLiteral("RUN2"), QStringLiteral("RUN3")})
+    for (const QString &s :
+         {QStringLiteral("RUN1"), QStringLiteral("RUN2"), QStringLiteral("RUN3")})
         storeAs(s, QStringLiteral("UTX"));
     DataManager manager;
     manager.setService(tableService());
     QMutex lock;
     QStringList steps;
-    connect(&manager, &DataManager::symbolStarted, &manager,
-            [&](const QString &s) {
-                const QMutexLocker locker(&lock);
-                steps << QStringLiteral("+") + s;
-            },
-            Qt::DirectConnection);
-    connect(&manager, &DataManager::symbolFinished, &manager,
-            [&](const QString &s) {
-                const QMutexLocker locker(&lock);
-                steps << QStringLiteral("-") + s;
-            },
-            Qt::DirectConnection);
+    connect(
+        &manager, &DataManager::symbolStarted, &manager,
+        [&](const QString &s) {
+            const QMutexLocker locker(&lock);
+            steps << QStringLiteral("+") + s;
+        },
+        Qt::DirectConnection);
+    connect(
+        &manager, &DataManager::symbolFinished, &manager,
+        [&](const QString &s) {
+            const QMutexLocker locker(&lock);
+            steps << QStringLiteral("-") + s;
+        },
+        Qt::DirectConnection);
     const QStringList symbols = {QStringLiteral("RUN1"), QStringLiteral("RUN2"),
                                  QStringLiteral("RUN3")};
     QPointer<DataManagerThread> first = manager.start(symbols);
@@ -293,7 +294,8 @@ void TestDownload::dailyCsvProvider()
     Reader aapl;
     QVERIFY(aapl.loadFile(fileOf(QStringLiteral("aapl.us"))));
     QCOMPARE(aapl.bars().constLast().date(), lastCompletedTradingDay(QDate::currentDate()));
-    QVERIFY(readAll(fileOf(QStringLiteral("aapl.us"))).startsWith("Date,Open,High,Low,Close,Volume,Adj Close\n"));
+    QVERIFY(readAll(fileOf(QStringLiteral("aapl.us")))
+                .startsWith("Date,Open,High,Low,Close,Volume,Adj Close\n"));
 
     const QByteArray before = readAll(fileOf(QStringLiteral("utx.us")));
     const UpdateOutcome limited = manager.updateSymbol(QStringLiteral("utx.us"), downloader);
@@ -329,8 +331,8 @@ void TestDownload::withoutAServiceNothingIsTried()
     DataManager manager;
     manager.setService(QuoteService());
     QMRequest::Downloader downloader;
-    const UpdateOutcome outcome = manager.updateSymbol(QStringLiteral("AAPL"), downloader,
-                                                       QDate(2030, 1, 9));
+    const UpdateOutcome outcome =
+        manager.updateSymbol(QStringLiteral("AAPL"), downloader, QDate(2030, 1, 9));
     QCOMPARE(outcome.describe(QStringLiteral("AAPL")),
              QStringLiteral("AAPL: failed (No quote service is configured)"));
 

@@ -5,7 +5,6 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-
 using namespace OrdaneData;
 
 class TestMerge : public QObject

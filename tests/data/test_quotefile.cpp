@@ -12,7 +12,6 @@
 #include <cstring>
 #include <limits>
 
-
 using namespace OrdaneData;
 
 namespace {

@@ -8,7 +8,6 @@
 #include <cmath>
 #include <tuple>
 
-
 using namespace Indicators;
 
 namespace {

@@ -2,13 +2,13 @@
 // view, saving, and the colour settings page.
 
 #include "data/home.h"
+#include "data/quotetable.h"
 #include "data/reader.h"
 #include "indicators/catalogue.h"
 #include "indicators/indicatorlayer.h"
 #include "indicators/script/userindicator.h"
 #include "indicators/ui/indicatordialogs.h"
 #include "indicators/ui/indicatorpropertiesdialog.h"
-#include "data/quotetable.h"
 #include "support/messagebox.h"
 #include "support/quoteservice.h"
 #include "support/testsettings.h"
@@ -525,7 +525,8 @@ void TestContainer::currentPrice()
     mContainer->slotFetchChartData(QStringLiteral("UTX"));
     mContainer->slotUpdateCurrentPrice();
     QVERIFY(messages.wait(10000));
-    QVERIFY2(messages.constLast().at(0).toString().startsWith(QStringLiteral("No current price for UTX")),
+    QVERIFY2(messages.constLast().at(0).toString().startsWith(
+                 QStringLiteral("No current price for UTX")),
              qPrintable(messages.constLast().at(0).toString()));
 }
 

@@ -1,8 +1,8 @@
 // The application object: the services it carries go before it does.
 
+#include "core/translationsmanager.h"
 #include "support/testsettings.h"
 #include "widgets/app.h"
-#include "core/translationsmanager.h"
 
 #include <QtTest>
 

@@ -13,9 +13,9 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
-#include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -122,7 +122,8 @@ void TestDialogs::quoteServicePage()
     QVERIFY(tried.constLast().at(0).toBool());
     QVERIFY2(page.tryResult().startsWith(QStringLiteral("The service answered")),
              qPrintable(page.tryResult()));
-    page.findChild<QLineEdit *>(QStringLiteral("QuoteServicePageSymbol"))->setText(QStringLiteral("UTX"));
+    page.findChild<QLineEdit *>(QStringLiteral("QuoteServicePageSymbol"))
+        ->setText(QStringLiteral("UTX"));
     page.slotTry();
     QVERIFY(tried.wait(10000));
     QVERIFY(!tried.constLast().at(0).toBool());
