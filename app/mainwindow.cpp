@@ -1,6 +1,6 @@
 #include "mainwindow.h"
 
-#include "browser/storagebrowser.h"
+#include "browser/ui/storagebrowser.h"
 #include "core/language.h"
 #include "core/reminders.h"
 #include "core/setting.h"
@@ -97,8 +97,6 @@ MainWindow::MainWindow(QWidget *parent)
     splitDockWidget(browser, indicators, Qt::Vertical);
     tabifyDockWidget(indicators, candles);
     indicators->raise();
-    resizeDocks({browser, work}, {300, 980}, Qt::Horizontal);
-    resizeDocks({browser, indicators}, {430, 300}, Qt::Vertical);
 
     // What scripts say, and their errors, come up over this window.
     OrdaneView::showScriptMessagesIn(this);
@@ -130,6 +128,10 @@ MainWindow::MainWindow(QWidget *parent)
     mViews->slotSetCandlePatternBlending(mCandles->isBlending());
     mViews->slotShowCandlePatterns(mCandles->isActive());
 
+    connect(mBrowser, &OrdaneBrowser::StorageBrowser::pairSelected, mViews,
+            &OrdaneView::ViewsContainer::slotShowPair);
+    connect(mBrowser, &OrdaneBrowser::StorageBrowser::message, this,
+            [this](const QString &text) { statusBar()->showMessage(text, 8000); });
     connect(mBrowser, &OrdaneBrowser::StorageBrowser::chartItemSeletected, mViews,
             &OrdaneView::ViewsContainer::slotSetReader);
     connect(mViews, &OrdaneView::ViewsContainer::message, this,
@@ -154,8 +156,9 @@ MainWindow::MainWindow(QWidget *parent)
     statusBar()->showMessage(QDir::toNativeSeparators(OrdaneData::Home::path()), 8000);
     // After the home folder's note, so that indicators the set-up lost are what it shows.
     restoreLastTemplate();
-    mBrowser->slotFillChartItems();
-    mBrowser->restoreSelection();
+    mBrowser->setDataManager(mData);
+    mBrowser->setMetaData(mMeta);
+    mBrowser->loadLastKnown();
     // The store catches up in the background when there is a quote service to ask.
     if (mData->service().hasTables())
         slotUpdateQuotes();
@@ -324,7 +327,14 @@ void MainWindow::showEvent(QShowEvent *event)
     // central widget to take up the difference they come back far from what they were.
     if (!mStateRestored) {
         mStateRestored = true;
-        restoreState(kState.value(), kStateVersion);
+        // A first start lays the docks out for the window it has: the browser gets most of
+        // the left column, the chart the rest of the width.
+        if (!restoreState(kState.value(), kStateVersion)) {
+            resizeDocks({mDocks.at(1), mDocks.at(0)}, {width() * 3 / 10, width() * 7 / 10},
+                        Qt::Horizontal);
+            resizeDocks({mDocks.at(1), mDocks.at(2)}, {height() * 6 / 10, height() * 4 / 10},
+                        Qt::Vertical);
+        }
     }
 }
 
@@ -335,6 +345,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
+    mBrowser->slotSaveLastKnownSymbols();
     kGeometry.setValue(saveGeometry());
     // A window never shown has not restored the docks it would overwrite.
     if (mStateRestored)

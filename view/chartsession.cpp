@@ -5,6 +5,7 @@
 #include "computedlayer.h"
 #include "data/reader.h"
 #include "indicatorsource.h"
+#include "pairlayer.h"
 
 #include <QCoreApplication>
 
@@ -150,6 +151,18 @@ void ChartSession::setChartType(ChartType type)
     mPrice = layer;
     mType = type;
     emit chartTypeChanged(type);
+}
+
+void ChartSession::setPair(const OrdaneData::ReaderH &pair)
+{
+    if (mPair)
+        mChart->removeLayer(mPair);
+    mPair = nullptr;
+    if (pair.isNull())
+        return;
+    mPair = new PairLayer(pair, mChart);
+    // Just above the prices, beneath the pattern marks and the indicators.
+    mChart->insertLayer(mChart->layers().indexOf(mPrice) + 1, mPair);
 }
 
 void ChartSession::setColors(const ViewColors &scheme, const QColor &background)

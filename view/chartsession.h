@@ -14,6 +14,7 @@
 namespace OrdaneView {
 
 class CandlesPatternLayer;
+class PairLayer;
 class ChartGeometry;
 class ComputedLayer;
 
@@ -69,6 +70,10 @@ public:
     // Replaces the price layer by one of the given type, keeping its caption.
     void setChartType(ChartType type);
     Layer *priceLayer() const { return mPrice; }
+    // A second series over the prices on a scale of its own (see PairLayer), replacing any
+    // shown before; an empty handle takes it away.
+    void setPair(const OrdaneData::ReaderH &pair);
+    PairLayer *pairLayer() const { return mPair; }
     CandlesPatternLayer *patternLayer() const { return mPatterns; }
 
     // The colours of every canvas: a scheme, and optionally a background of its own (from a
@@ -121,6 +126,7 @@ private:
     ChartType mType = ChartType::Candle;
     Layer *mPrice = nullptr;
     CandlesPatternLayer *mPatterns = nullptr;
+    PairLayer *mPair = nullptr;
     ViewColors mScheme = ViewColors::fallback();
     QColor mBackground;
 };

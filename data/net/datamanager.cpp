@@ -223,9 +223,10 @@ void DataManager::refreshMetaData(const QString &symbol, QMRequest::Downloader &
         mMetaData->refresh(symbol, QString::fromUtf8(line));
 }
 
-DataManagerThread *DataManager::start(const QStringList &symbols)
+DataManagerThread *DataManager::start(const QStringList &symbols, bool whole)
 {
     auto *thread = new DataManagerThread(this, symbols);
+    thread->setWhole(whole);
     thread->start();
     return thread;
 }
@@ -258,7 +259,8 @@ void DataManagerThread::run()
     for (const QString &symbol : qAsConst(mSymbols)) {
         if (mStopped)
             break;
-        const UpdateOutcome outcome = mManager->updateSymbol(symbol, downloader);
+        const UpdateOutcome outcome = mWhole ? mManager->fetchSymbol(symbol, downloader)
+                                             : mManager->updateSymbol(symbol, downloader);
         emit updated(symbol, outcome);
         emit done(symbol);
         emit progress(++finished, mSymbols.size());

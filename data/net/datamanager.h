@@ -102,9 +102,9 @@ public:
     UpdateOutcome fetchSymbol(const QString &symbol, QMRequest::Downloader &downloader,
                               const QDate &today = QDate::currentDate());
 
-    // Runs updateSymbol() over `symbols` on a new worker thread, which deletes itself when
-    // it ends; returns it started.
-    DataManagerThread *start(const QStringList &symbols);
+    // Runs updateSymbol() (fetchSymbol() when `whole`) over `symbols` on a new worker
+    // thread, which deletes itself when it ends; returns it started.
+    DataManagerThread *start(const QStringList &symbols, bool whole = false);
 
     // The symbol of the step under way or last done, and whether it rewrote the stored file.
     QString symbol() const;
@@ -143,6 +143,9 @@ class DataManagerThread : public QThread
 public:
     DataManagerThread(DataManager *manager, const QStringList &symbols, QObject *parent = nullptr);
 
+    // Fetches whole histories (fetchSymbol()) instead of updating; set before start().
+    void setWhole(bool whole) { mWhole = whole; }
+
     const QStringList &symbols() const { return mSymbols; }
     // From any thread.
     void stop();
@@ -159,6 +162,7 @@ signals:
 private:
     DataManager *mManager;
     QStringList mSymbols;
+    bool mWhole = false;
     std::atomic_bool mStopped{false};
     QMutex mLock; // guards mDownloader, which lives in the worker thread
     QMRequest::Downloader *mDownloader = nullptr;

@@ -1,6 +1,9 @@
 #include "dataupdater.h"
 
+#include "data/quotefile.h"
 #include "data/quotetable.h"
+
+#include <QFile>
 #include "data/reader.h"
 #include "datamanager.h"
 #include "downloadmanager.h"
@@ -28,7 +31,8 @@ void DataUpdater::updateSymbol(Reader *reader, const QString &symbol, int count)
         loadSymbol(reader, symbol);
         return;
     }
-    DataManagerThread *thread = mManager->start({symbol});
+    // A symbol new to the store comes whole, with its metadata.
+    DataManagerThread *thread = mManager->start({symbol}, !QFile::exists(fileOf(symbol)));
     QPointer<Reader> target(reader);
     connect(thread, &DataManagerThread::updated, this,
             [this, target](const QString &done, const UpdateOutcome &outcome) {

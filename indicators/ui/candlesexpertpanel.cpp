@@ -18,7 +18,7 @@ namespace OrdaneView {
 
 namespace {
 // The list shows at least this many patterns however little room the dock has.
-constexpr int kListRows = 6;
+constexpr int kListRows = 4;
 
 QString joinedTexts(const QList<CandlePattern::Pattern> &patterns)
 {

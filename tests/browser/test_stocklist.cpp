@@ -1,8 +1,8 @@
 // The browser's symbol list and its panel: filling from a storage folder, the row model,
 // the pointer, and loading the selected symbol's series.
 
-#include "browser/stocklist.h"
-#include "browser/storagebrowser.h"
+#include "browser/ui/stocklist.h"
+#include "browser/ui/storagebrowser.h"
 #include "data/home.h"
 #include "data/reader.h"
 #include "support/testsettings.h"

@@ -225,7 +225,7 @@ void TestCandleGui::panelControlsSendAndKeepTheChoices()
     next.resize(next.minimumSizeHint());
     QVERIFY(QTest::qWaitForWindowExposed(&next));
     QTreeWidget *shownList = next.findChild<QTreeWidget *>();
-    QVERIFY2(shownList->viewport()->height() >= 5 * shownList->sizeHintForRow(0),
+    QVERIFY2(shownList->viewport()->height() >= 4 * shownList->sizeHintForRow(0),
              qPrintable(QString::number(shownList->viewport()->height())));
 }
 

@@ -5,10 +5,13 @@
 #include "data/reader.h"
 #include "view/chartgeometry.h"
 #include "view/chartlayer.h"
+#include "view/pairlayer.h"
 #include "view/viewcanvas.h"
 
 #include <QPainter>
 #include <QtTest>
+
+#include <cmath>
 
 using namespace OrdaneView;
 
@@ -326,6 +329,32 @@ private slots:
         QCOMPARE(price->numberOfQuotes(), 0);
         QCOMPARE(price->close(3), 0.0f);
         QVERIFY(price->close().isEmpty());
+    }
+
+    // A paired series is matched to the chart's bars by date: a day it lacks shows its last
+    // close before, a bar before its first day shows nothing; it is drawn on its own range.
+    void pairFollowsTheChartsDays()
+    {
+        Chart chart(ChartType::Line, 8, {});
+        const QDate monday(2012, 9, 3);
+        for (int d = 0; d < 5; ++d)
+            chart.series->appendBar(QuoteBar(monday.addDays(d), 10, 10, 10, 10 + d, 1));
+        OrdaneData::ReaderH other = OrdaneData::ReaderH::create();
+        other->appendBar(QuoteBar(monday.addDays(1), 500, 500, 500, 500, 1));
+        other->appendBar(QuoteBar(monday.addDays(3), 700, 700, 700, 700, 1));
+        auto *pair = new PairLayer(other, &chart.canvas);
+        chart.canvas.addLayer(pair);
+        QVector<float> aligned = pair->alignedCloses();
+        QVERIFY(std::isnan(aligned.at(0)));
+        QCOMPARE(aligned.mid(1), QVector<float>({500, 500, 700, 700}));
+        chart.paint(5);
+        QCOMPARE(pair->min(), 500.0f);
+        QCOMPARE(pair->max(), 700.0f);
+        // The chart's frame is the pair's too.
+        chart.series->setTimeFrame(OrdaneData::Week);
+        emit chart.series->dataChanged();
+        QCOMPARE(other->timeFrame(), int(OrdaneData::Week));
+        QCOMPARE(pair->alignedCloses(), QVector<float>({700}));
     }
 };
 

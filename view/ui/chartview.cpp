@@ -3,6 +3,10 @@
 #include "view/candlespatternlayer.h"
 #include "view/chartsession.h"
 #include "view/computedlayer.h"
+#include "data/reader.h"
+#include "view/pairlayer.h"
+
+#include <QMenu>
 
 #include <QInputDialog>
 
@@ -99,6 +103,16 @@ void ChartView::slotProperties()
         emit propertiesRequested();
     else
         editProperties(overlays.at(index - 1));
+}
+
+void ChartView::addMenuEntries(QMenu &menu)
+{
+    if (PairLayer *pair = session()->pairLayer())
+        menu.addAction(tr("Remove &Pair %1").arg(pair->pair()->symbol()), this, [this] {
+            session()->setPair({});
+            update();
+        });
+    View::addMenuEntries(menu);
 }
 
 void ChartView::slotReaderDataChanged()

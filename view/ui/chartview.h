@@ -40,6 +40,9 @@ public slots:
     // The chart's colours, or the parameters of an indicator drawn over the prices.
     void slotProperties() override;
 
+protected:
+    void addMenuEntries(QMenu &menu) override;
+
 private:
     void setChartType(ChartType type);
 };

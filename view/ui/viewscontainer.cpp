@@ -326,6 +326,12 @@ void ViewsContainer::slotEnablePriceUpdates(bool on)
         slotCpr(false);
 }
 
+void ViewsContainer::slotShowPair(OrdaneData::ReaderH pair)
+{
+    mSession->setPair(pair);
+    mChart->update();
+}
+
 void ViewsContainer::slotReaderDataChanged()
 {
     mSession->recompute();

@@ -102,6 +102,9 @@ public slots:
     // Whether current prices may be asked for at all (not while simulating); off also ends
     // slotCpr().
     void slotEnablePriceUpdates(bool on);
+    // Shows a second series over the chart on a scale of its own; an empty handle takes it
+    // away.
+    void slotShowPair(OrdaneData::ReaderH pair);
     void slotTakePicture();
     void slotSaveCsv();
     void slotZoomOut();
