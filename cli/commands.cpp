@@ -13,6 +13,8 @@ int runPack(const QStringList &args, Context &context);
 int runUpdate(const QStringList &args, Context &context);
 int runFetch(const QStringList &args, Context &context);
 int runMeta(const QStringList &args, Context &context);
+int runImport(const QStringList &args, Context &context);
+int runVerify(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -75,6 +77,20 @@ const std::vector<Command> &commands()
          "date of their refresh) as column=value lines in the order of the table; the symbol is "
          "looked up upper-cased.",
          &runMeta},
+        {"import", "metatrader|halcyra|rbk|metastock [--merge] PATH...",
+         "Import quote files of other programs into the store, each as its own name followed "
+         "by .IMP (ABC becomes ABC.IMP): MetaTrader history exports, stored files of this "
+         "program, RBK ticker files (always merged) or the securities of MetaStock MASTER "
+         "files (always replaced). --merge keeps a target's rows and merges the imported ones "
+         "in. Prints each symbol written, one per line; a source that gives nothing is named "
+         "on the standard error stream and makes the exit status 1.",
+         &runImport},
+        {"verify", "[SYMBOL...]",
+         "Check stored files (all of them when none is named) without changing them and "
+         "print one CSV row per symbol: rows, first and last day, bad lines, repeated dates, "
+         "dates out of order, gaps of more than five weekdays and ok or damaged. Exits 1 when "
+         "any is damaged.",
+         &runVerify},
     };
     return table;
 }

@@ -170,7 +170,8 @@ bool isValidTable(const QByteArray &text)
 
 bool needsUpdate(const QString &symbol, const QDate &today)
 {
-    if (QFileInfo::exists(storagePath() + QLatin1Char('/') + symbol + QLatin1String(".IMP")))
+    if (symbol.endsWith(QLatin1String(".IMP")) ||
+        QFileInfo::exists(storagePath() + QLatin1Char('/') + symbol + QLatin1String(".IMP")))
         return false;
     const QFileInfo file(fileOf(symbol));
     return !file.exists() || file.lastModified().date() != today;

@@ -30,7 +30,8 @@ QString tableUrl(const QString &symbol, const QDate &start, const QDate &end);
 // dashes). A reply failing this is never stored.
 bool isValidTable(const QByteArray &text);
 
-// Whether the stored file of a symbol should be downloaded again. False when the marker
+// Whether the stored file of a symbol should be downloaded again. False for an imported symbol
+// (its name ends in ".IMP"), and when the marker
 // file symbol + ".IMP" exists in storagePath() (the series was imported and has no quote
 // source); otherwise true unless fileOf(symbol) exists and was last modified on `today`
 // (local time).

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/import/importer.h"
 #include "data/readerh.h"
 
 #include <QPointer>
@@ -86,6 +87,12 @@ public:
     void restoreSelection();
     // Stores the index of the current row in "selecteditem"; nothing when no row is current.
     void saveSelection() const;
+
+    // Imports the files (MASTER files for MetaStock) into the storage folder, with the
+    // progress bar and its cancel, a row for every symbol written, and the report in
+    // message() (and a box when files were skipped).
+    OrdaneData::ImportReport importFiles(OrdaneData::ImportFormat format, const QStringList &paths,
+                                         bool merge);
 
     // The notice shown beneath the list, word for word.
     static QString notice();
@@ -184,6 +191,8 @@ private:
     OrdaneData::ReaderH load(const QString &symbol);
     void suggest(const QString &typed);
     void showNotAvailable(const QStringList &symbols);
+    void import(OrdaneData::ImportFormat format, bool merge, const QString &title,
+                const QString &filter);
     void startRun(const QString &text);
     void endRun();
 

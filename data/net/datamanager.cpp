@@ -179,7 +179,9 @@ UpdateOutcome DataManager::step(const QString &symbol, QMRequest::Downloader &do
     if (!whole && record.value(QStringLiteral("exchange")).contains(QLatin1String("N/A")) &&
         !symbol.contains(QLatin1String("=X")))
         return skipped(tr("no exchange known"));
-    if (QFileInfo::exists(storagePath() + QLatin1Char('/') + symbol.toUpper() +
+    // Imported symbols carry the ".IMP" suffix; older stores mark them with a file instead.
+    if (symbol.endsWith(QLatin1String(".IMP")) ||
+        QFileInfo::exists(storagePath() + QLatin1Char('/') + symbol.toUpper() +
                           QStringLiteral(".IMP")))
         return skipped(tr("imported data"));
     if (symbol.endsWith(QLatin1String("noyahoo")))

@@ -196,6 +196,29 @@
     </message>
 </context>
 <context>
+    <name>OrdaneBrowser::MetaStockImportDialog</name>
+    <message>
+        <source>MetaStock MASTER-File import</source>
+        <translation>MetaStock-MASTER-Datei importieren</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Import All</source>
+        <translation>Alle importieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneBrowser::StockList</name>
     <message>
         <source>Symbol</source>

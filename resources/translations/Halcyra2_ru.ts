@@ -196,6 +196,29 @@
     </message>
 </context>
 <context>
+    <name>OrdaneBrowser::MetaStockImportDialog</name>
+    <message>
+        <source>MetaStock MASTER-File import</source>
+        <translation>Импорт MASTER-файла MetaStock</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Название</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Import All</source>
+        <translation>Импортировать все</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneBrowser::StockList</name>
     <message>
         <source>Symbol</source>

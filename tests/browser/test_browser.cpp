@@ -85,6 +85,7 @@ private slots:
     void suggestionsForATypedSymbol();
     void fetchAddsRowsAndSuggests();
     void exportEraseAndPair();
+    void importsAddTheirRows();
 
 private:
     QTemporaryDir mHome;
@@ -292,6 +293,33 @@ void TestBrowser::exportEraseAndPair()
     QVERIFY(question.contains(QLatin1String("MAN.DE")));
     QVERIFY(QFile::exists(OrdaneData::fileOf(QStringLiteral("MAN.DE"))));
     QCOMPARE(browser.stockList()->symbols().size(), 2);
+}
+
+// An import writes the ".IMP" symbols, adds their rows and says what it did.
+void TestBrowser::importsAddTheirRows()
+{
+    const QString source = mHome.filePath(QStringLiteral("EURUSD.csv"));
+    QFile file(source);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("2010.03.15,00:00,1.3712,1.3780,1.3690,1.3755,1200\r\n"
+               "2010.03.16,00:00,1.3755,1.3810,1.3701,1.3790,1500\r\n");
+    file.close();
+    StorageBrowser browser;
+    QSignalSpy messages(&browser, &StorageBrowser::message);
+    QString warning; // files were skipped: a box says so
+    TestSupport::answerNextMessageBox(&warning);
+    const OrdaneData::ImportReport report =
+        browser.importFiles(OrdaneData::ImportFormat::MetaTrader,
+                            {source, mHome.filePath(QStringLiteral("missing.csv"))}, false);
+    QCOMPARE(report.symbols, symbolsOf({"EURUSD.IMP"}));
+    QCOMPARE(browser.stockList()->symbols(), symbolsOf({"EURUSD.IMP"}));
+    QCOMPARE(report.skipped.size(), 1);
+    QVERIFY(messages.constLast().at(0).toString().contains(QLatin1String("missing.csv")));
+    QVERIFY(warning.contains(QLatin1String("missing.csv")));
+    OrdaneData::Reader imported;
+    QVERIFY(imported.loadFile(OrdaneData::fileOf(QStringLiteral("EURUSD.IMP"))));
+    QCOMPARE(imported.count(), 2);
+    QCOMPARE(imported.bars().constLast().close(), 1.379f);
 }
 
 QTEST_MAIN(TestBrowser)

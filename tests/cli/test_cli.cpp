@@ -56,6 +56,7 @@ private slots:
     void realProcess();
     void scriptsRunAndPack();
     void updateFetchAndMetaFromTheService();
+    void importAndVerify();
 
 private:
     QTemporaryDir mDir;
@@ -177,6 +178,15 @@ void TestCli::exitStatus_data()
         "\nshortratio=N/A\ncurrency=GBP\nlastupdate=26 Sep 2012\n");
     row("meta-unknown-symbol", {S("meta"), S("NOPE")}, 1, "no metadata for NOPE");
     row("meta-without-symbol", {S("meta")}, 2, "expected one SYMBOL");
+    row("import-without-format", {S("import")}, 2, "expected a format");
+    row("import-unknown-format", {S("import"), S("excel"), file}, 2, "expected a format");
+    row("import-without-path", {S("import"), S("metatrader"), S("--merge")}, 2,
+        "expected at least one PATH");
+    row("import-unknown-option", {S("import"), S("rbk"), S("--replace"), file}, 2,
+        "unknown option --replace");
+    row("import-metastock-merge", {S("import"), S("metastock"), S("--merge"), file}, 2,
+        "--merge does not apply");
+    row("verify-unknown-option", {S("verify"), S("--fix")}, 2, "unknown option --fix");
     row("render-missing-template",
         {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
         "cannot open");
@@ -552,6 +562,59 @@ void TestCli::updateFetchAndMetaFromTheService()
     // Without a host nothing is tried.
     o = cli({QStringLiteral("update"), QStringLiteral("MAN.DE")});
     QCOMPARE(o.out, QStringLiteral("MAN.DE: failed (No quote service is configured)\n"));
+}
+
+// import writes each symbol with its .IMP and goes on past a source it cannot read; verify
+// checks what is stored.
+void TestCli::importAndVerify()
+{
+    QTemporaryDir home;
+    const auto cli = [&](QStringList args) {
+        return runCli(QStringList{QStringLiteral("--home"), home.path()} + args);
+    };
+    const QString export_ = mDir.filePath(QStringLiteral("EURUSD.csv"));
+    QVERIFY(OrdaneData::writeText(
+        export_, QByteArray("2010.03.15,00:00,1.3721,1.3758,1.3650,1.3744,41293\r\n"
+                            "2010.03.16,00:00,1.3744,1.38,1.37,1.379,38000\r\n")));
+    const QString missing = mDir.filePath(QStringLiteral("missing.csv"));
+    Outcome o = cli({QStringLiteral("import"), QStringLiteral("metatrader"), missing, export_});
+    QCOMPARE(o.status, 1);
+    QCOMPARE(o.out, QStringLiteral("EURUSD.IMP\n"));
+    QCOMPARE(o.err, QStringLiteral("halcyra-cli import: %1: cannot be read\n").arg(missing));
+
+    // RBK merges without being asked; every ticker of the file is a symbol.
+    o = cli({QStringLiteral("import"), QStringLiteral("rbk"),
+             QFINDTESTDATA("../data/import/rbk/two_tickers.txt")});
+    QCOMPARE(o.status, 0);
+    QCOMPARE(o.out, QStringLiteral("ABC.IMP\nXYZ.IMP\n"));
+    QVERIFY(o.err.isEmpty());
+    o = cli(
+        {QStringLiteral("import"), QStringLiteral("halcyra"), QStringLiteral("--merge"), mFile});
+    QCOMPARE(o.out, QStringLiteral("X.IMP\n"));
+    QCOMPARE(o.status, 0);
+
+    const QString masterPath = mDir.filePath(QStringLiteral("MASTER"));
+    QVERIFY(OrdaneData::writeText(masterPath, QByteArray(53, '\x01')));
+    o = cli({QStringLiteral("import"), QStringLiteral("metastock"), masterPath});
+    QCOMPARE(o.status, 1);
+    QVERIFY2(o.err.contains(QStringLiteral("MASTER: no records")), qPrintable(o.err));
+
+    o = cli({QStringLiteral("verify")});
+    QVERIFY2(o.status == 0, qPrintable(o.out));
+    QStringList lines = o.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.first(), QStringLiteral("symbol,rows,first,last,bad_lines,repeated_dates,"
+                                           "out_of_order,gaps,status"));
+    QCOMPARE(lines.size(), 1 + 5 + 4); // the samples and the imported symbols
+    QVERIFY(lines.contains(QStringLiteral("EURUSD.IMP,2,2010-03-15,2010-03-16,0,0,0,0,ok")));
+    QVERIFY(lines.contains(QStringLiteral("X.IMP,25,2012-01-30,2012-03-02,0,0,0,0,ok")));
+
+    QVERIFY(OrdaneData::writeText(QDir(home.path()).filePath(QStringLiteral("Storage/BAD.csv")),
+                                  QStringLiteral("junk")));
+    o = cli({QStringLiteral("verify"), QStringLiteral("XYZ.IMP"), QStringLiteral("BAD")});
+    QCOMPARE(o.status, 1);
+    QCOMPARE(o.out, QStringLiteral("symbol,rows,first,last,bad_lines,repeated_dates,out_of_order,"
+                                   "gaps,status\nXYZ.IMP,1,2012-09-20,2012-09-20,0,0,0,0,ok\n"
+                                   "BAD,0,,,1,0,0,0,damaged\n"));
 }
 
 QTEST_MAIN(TestCli)

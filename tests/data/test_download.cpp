@@ -202,6 +202,7 @@ void TestDownload::symbolsLeftAlone()
         const char *symbol;
         UpdateOutcome::Kind kind;
     } cases[] = {{"MAN.DE", UpdateOutcome::Skipped},
+                 {"EURUSD.IMP", UpdateOutcome::Skipped},
                  {"OLDnoyahoo", UpdateOutcome::Skipped},
                  {"UTX", UpdateOutcome::Skipped},
                  {"EURUSD=X", UpdateOutcome::Failed}}; // asked for: the service knows no such file
