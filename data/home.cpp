@@ -67,10 +67,13 @@ QString storagePath()
 
 QStringList storedSymbols()
 {
-    QStringList symbols =
+    const QStringList files =
         QDir(storagePath()).entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
-    for (QString &file : symbols)
-        file.chop(4);
+    QStringList symbols;
+    symbols.reserve(files.size());
+    for (const QString &file : files)
+        if (!file.startsWith(QLatin1Char('_')))
+            symbols << file.chopped(4);
     return symbols;
 }
 

@@ -7,7 +7,8 @@ namespace OrdaneData {
 
 // The one folder that holds the program's own files (settings aside):
 //
-//   Storage/         stored quote files, one per symbol, and the metadata store _meta.tdb
+//   Storage/         stored quote files, one per symbol, the metadata store _meta.tdb and
+//                    the index members _constituents.csv
 //   Templates/       chart templates
 //   UserIndicators/  script indicators, with the shipped examples (see installScripts)
 //   UserExperts/     expert scripts
@@ -34,14 +35,16 @@ QString userIndicatorsPath();
 QString userExpertsPath();
 QString calibratorPath();
 QString lastKnownSymbolsFile();
-// The symbols of the stored quote files ("MSFT" for Storage/MSFT.csv), sorted.
+// The symbols of the stored quote files ("MSFT" for Storage/MSFT.csv), sorted. Files whose
+// names start with "_" are the store's own (the index members "_constituents.csv") and are
+// left out.
 QStringList storedSymbols();
 
 // Creates the folders of a home that are missing and, when the storage folder is missing
-// or empty, copies the sample quote files and the sample metadata store ("_meta.tdb", see
-// MetaData) into it; the same for the example scripts and
-// the UserIndicators folder. Existing files are never touched.
-// Returns false with a message in *error when something could not be created.
+// or empty, copies the sample quote files, the sample metadata store ("_meta.tdb", see
+// MetaData) and the members of the sample indices ("_constituents.csv") into it; the same for the
+// example scripts and the UserIndicators folder. Existing files are never touched. Returns false
+// with a message in *error when something could not be created.
 bool prepare(QString *error = nullptr);
 
 // Copies every file of the resource folder ":/Storage" into storageDir unless that

@@ -14,7 +14,8 @@ using namespace OrdaneData;
 namespace {
 const QStringList kSamples = {QStringLiteral("AAPL.csv"),   QStringLiteral("ADS.DE.csv"),
                               QStringLiteral("MAN.DE.csv"), QStringLiteral("MSFT.csv"),
-                              QStringLiteral("UTX.csv"),    QStringLiteral("_meta.tdb")};
+                              QStringLiteral("UTX.csv"),    QStringLiteral("_constituents.csv"),
+                              QStringLiteral("_meta.tdb")};
 
 const QStringList kScripts = {QStringLiteral("DonchianChannel.bin"), QStringLiteral("HullMA.js"),
                               QStringLiteral("KeltnerChannel.js"),   QStringLiteral("TRIX.bin"),
@@ -110,6 +111,10 @@ void TestHome::emptyStorageGetsSamples()
     QVERIFY(Home::setPath(dir.path()));
     QVERIFY(Home::prepare());
     QCOMPARE(files(Home::storagePath()), kSamples);
+    // The store's own files are no symbols to chart or to update.
+    QCOMPARE(Home::storedSymbols(), QStringList({QStringLiteral("AAPL"), QStringLiteral("ADS.DE"),
+                                                 QStringLiteral("MAN.DE"), QStringLiteral("MSFT"),
+                                                 QStringLiteral("UTX")}));
 }
 
 void TestHome::userFilesAreNeverTouched()

@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
+
 using namespace OrdaneData;
 
 class TestSamples : public QObject
@@ -30,7 +32,12 @@ void TestSamples::generatorReproducesCommittedFiles()
     QCOMPARE(generator.exitCode(), 0);
 
     const QDir committed(QStringLiteral(SAMPLES_DIR));
-    const QStringList names = committed.entryList({QStringLiteral("*.csv")}, QDir::Files);
+    // The quote files; the store's own files ("_constituents.csv") are written by hand.
+    QStringList names = committed.entryList({QStringLiteral("*.csv")}, QDir::Files);
+    names.erase(
+        std::remove_if(names.begin(), names.end(),
+                       [](const QString &name) { return name.startsWith(QLatin1Char('_')); }),
+        names.end());
     QCOMPARE(names.size(), 5);
     for (const QString &name : names) {
         QFile a(committed.filePath(name)), b(QDir(out.path()).filePath(name));

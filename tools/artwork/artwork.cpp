@@ -6,7 +6,8 @@
 // writes RESOURCES_DIR/app.png, RESOURCES_DIR/appsplash.png, RESOURCES_DIR/HCStyle/
 // lowres/*.png and the pictures under RESOURCES_DIR/pix, among them the tick marks and the
 // planet and zodiac symbols scripts draw (pix/planets, pix/zodiacs; their glyphs come from
-// DejaVu Sans, which must be installed) and the flags (flags.cpp). The palette is the style
+// DejaVu Sans, which must be installed), the bull's and bear's heads of the observer lists
+// and the flags (flags.cpp). The palette is the style
 // sheet's: deep slate surfaces, teal for rising bars, coral for falling ones, amber for the
 // average line.
 
@@ -28,6 +29,7 @@
 #include <cstdio>
 #include <functional>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -303,6 +305,86 @@ QImage tick(bool up)
     const double tip = up ? 2.5 : 13.5, base = up ? 13.5 : 2.5;
     p.drawPolygon(QPolygonF({QPointF(8, tip), QPointF(14, base), QPointF(2, base)}));
     return image;
+}
+
+// The heads on the items of the observer lists, 16 x 16: a bull's for the bullish picks, a
+// bear's for the rest. They are saved as BMP, which keeps no transparency, so each sits on
+// the lists' own background colour and reads as a small tile on a selected row. At this size
+// a head is recognised by its outline: the bull by wide horns over a long face, the bear by
+// round ears over a round face; the eyes and the muzzle only confirm it.
+QImage headTile(const std::function<void(QPainter &)> &paint)
+{
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(QColor(0x12, 0x1b, 0x26));
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    paint(p);
+    return image;
+}
+
+QImage bullHead()
+{
+    return headTile([](QPainter &p) {
+        const QColor horn(0xee, 0xe4, 0xcc);
+        const QColor hide = kTeal;
+        // The horns: out from the poll, then up to a point, tapering.
+        p.setBrush(horn);
+        p.setPen(QPen(horn.darker(170), 0.5));
+        for (const int side : {-1, 1}) {
+            const auto x = [side](double dx) {
+                return 8 + side * dx;
+            };
+            QPainterPath path(QPointF(x(2.8), 5.6));
+            path.cubicTo(QPointF(x(5.2), 5.8), QPointF(x(7.2), 4.6), QPointF(x(7.1), 0.5));
+            path.cubicTo(QPointF(x(6.3), 2.6), QPointF(x(5.0), 3.7), QPointF(x(2.8), 3.5));
+            path.closeSubpath();
+            p.drawPath(path);
+        }
+        // The ears, level with the eyes.
+        p.setPen(Qt::NoPen);
+        p.setBrush(hide.darker(135));
+        p.drawEllipse(QPointF(3.2, 7.0), 2.1, 1.15);
+        p.drawEllipse(QPointF(12.8, 7.0), 2.1, 1.15);
+        // The long face, broad at the brow and narrowing to the muzzle.
+        QPainterPath face(QPointF(4.6, 3.9));
+        face.lineTo(11.4, 3.9);
+        face.cubicTo(QPointF(11.8, 7.5), QPointF(10.8, 9.5), QPointF(10.5, 11.5));
+        face.lineTo(5.5, 11.5);
+        face.cubicTo(QPointF(5.2, 9.5), QPointF(4.2, 7.5), QPointF(4.6, 3.9));
+        p.setBrush(hide);
+        p.drawPath(face);
+        p.setBrush(hide.lighter(150));
+        p.drawRoundedRect(QRectF(4.9, 10.2, 6.2, 4.8), 2.3, 2.3);
+        p.setBrush(kDeep);
+        p.drawEllipse(QPointF(6.6, 12.8), 0.85, 0.85);
+        p.drawEllipse(QPointF(9.4, 12.8), 0.85, 0.85);
+        p.drawEllipse(QPointF(6.0, 7.1), 0.95, 0.95);
+        p.drawEllipse(QPointF(10.0, 7.1), 0.95, 0.95);
+    });
+}
+
+QImage bearHead()
+{
+    return headTile([](QPainter &p) {
+        const QColor fur = kCoral;
+        p.setPen(Qt::NoPen);
+        // The round ears, then the round face over them.
+        p.setBrush(fur.darker(125));
+        p.drawEllipse(QPointF(3.6, 3.9), 2.7, 2.7);
+        p.drawEllipse(QPointF(12.4, 3.9), 2.7, 2.7);
+        p.setBrush(kDeep.lighter(150));
+        p.drawEllipse(QPointF(3.7, 4.0), 1.2, 1.2);
+        p.drawEllipse(QPointF(12.3, 4.0), 1.2, 1.2);
+        p.setBrush(fur);
+        p.drawEllipse(QPointF(8, 9.0), 6.6, 6.0);
+        // The muzzle with its nose, and the small eyes.
+        p.setBrush(QColor(0xf3, 0xc4, 0xa6));
+        p.drawEllipse(QPointF(8, 11.6), 3.2, 2.5);
+        p.setBrush(kDeep);
+        p.drawEllipse(QPointF(8, 10.5), 1.5, 1.05);
+        p.drawEllipse(QPointF(5.4, 7.9), 0.95, 0.95);
+        p.drawEllipse(QPointF(10.6, 7.9), 0.95, 0.95);
+    });
 }
 
 // Planet and zodiac symbols for scripts: the font's glyph, filled in a light colour inside a
@@ -684,6 +766,18 @@ int main(int argc, char **argv)
         p.drawPolygon(QPolygonF({QPointF(1, 2.5), QPointF(9, 2.5), QPointF(5, 8)}));
     }
     ok = ok && save(down, pix.filePath(QStringLiteral("pointer10x10down.png")));
+
+    // The heads on the items of the observer lists.
+    for (const auto &[name, image] :
+         {std::pair{"bullicon.bmp", bullHead()}, std::pair{"bearicon.bmp", bearHead()}}) {
+        const QString path = pix.filePath(QLatin1String(name));
+        if (!ok || !image.save(path, "BMP")) {
+            std::fprintf(stderr, "artwork: cannot write %s\n", qPrintable(path));
+            ok = false;
+            break;
+        }
+        std::printf("%s %dx%d\n", qPrintable(path), image.width(), image.height());
+    }
 
     // The flags of the interface languages and of the exchanges' countries.
     ok = ok && saveFlags(pix.absolutePath());
