@@ -1,5 +1,7 @@
 #include "mainwindow.h"
 
+#include "browser/ui/bullwindow.h"
+#include "browser/ui/observerwindow.h"
 #include "browser/ui/storagebrowser.h"
 #include "core/language.h"
 #include "core/reminders.h"
@@ -36,6 +38,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -46,7 +49,7 @@ namespace {
 const QMWidgets::Setting<QByteArray> kGeometry{QStringLiteral("MainWindow/Geometry"), {}};
 const QMWidgets::Setting<QByteArray> kState{QStringLiteral("MainWindow/State"), {}};
 // Bumped when the docks change, so that a layout saved by an older build is not applied.
-constexpr int kStateVersion = 1;
+constexpr int kStateVersion = 2;
 
 const struct
 {
@@ -69,6 +72,8 @@ MainWindow::MainWindow(QWidget *parent)
     , mBrowser(new OrdaneBrowser::StorageBrowser(this))
     , mIndicators(new OrdaneView::IndicatorFactoryWidget(this))
     , mCandles(new OrdaneView::CandlesExpertPanel(this))
+    , mObservers(new OrdaneBrowser::ObserverWindow(this))
+    , mBulls(new OrdaneBrowser::BullWindow(this))
 {
     OrdaneView::installIndicators();
     if (mMeta->open())
@@ -96,6 +101,13 @@ MainWindow::MainWindow(QWidget *parent)
     splitDockWidget(browser, work, Qt::Horizontal);
     splitDockWidget(browser, indicators, Qt::Vertical);
     tabifyDockWidget(indicators, candles);
+    auto *observers = new QTabWidget(this);
+    observers->setObjectName(QStringLiteral("ObserverTabs"));
+    observers->addTab(mObservers, tr("Observer"));
+    observers->addTab(mBulls, tr("Bulls"));
+    QDockWidget *observer = addDock(QStringLiteral("ObserverDock"), tr("Observer"), observers,
+                                    Qt::LeftDockWidgetArea);
+    tabifyDockWidget(candles, observer);
     indicators->raise();
 
     // What scripts say, and their errors, come up over this window.
@@ -128,6 +140,9 @@ MainWindow::MainWindow(QWidget *parent)
     mViews->slotSetCandlePatternBlending(mCandles->isBlending());
     mViews->slotShowCandlePatterns(mCandles->isActive());
 
+    for (OrdaneBrowser::ObserverWindow *list : {mObservers, static_cast<OrdaneBrowser::ObserverWindow *>(mBulls)})
+        connect(list, &OrdaneBrowser::ObserverWindow::observerItemSeletected, mViews,
+                &OrdaneView::ViewsContainer::slotSetReader);
     connect(mBrowser, &OrdaneBrowser::StorageBrowser::pairSelected, mViews,
             &OrdaneView::ViewsContainer::slotShowPair);
     connect(mBrowser, &OrdaneBrowser::StorageBrowser::message, this,

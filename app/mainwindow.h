@@ -11,6 +11,8 @@ class DataManager;
 class MetaData;
 } // namespace OrdaneData
 namespace OrdaneBrowser {
+class BullWindow;
+class ObserverWindow;
 class StorageBrowser;
 }
 namespace OrdaneView {
@@ -23,11 +25,11 @@ namespace Halcyra {
 
 class QuoteUpdates;
 
-// The program's one top-level window. Its work area is four docks: "Work Area" (the chart
-// views), "Browser" (the stored symbols), "Indicators" (the indicator list) and "Candle
-// Guru" (the candle-pattern panel). Above them the menu panel, a row of buttons for the most used
-// actions; the menus
-// "&View", "&Tools", "&Languages" and "&Help" hold every action.
+// The program's one top-level window. Its work area is five docks: "Work Area" (the chart
+// views), "Browser" (the stored symbols), "Indicators" (the indicator list), "Candle Guru"
+// (the candle-pattern panel) and "Observer" (the observer lists). Above them the menu panel,
+// a row of buttons for the most used actions; the menus "&View", "&Tools", "&Languages" and
+// "&Help" hold every action.
 //
 // The window's geometry and dock layout, and the chart set-up (as the template
 // "lasttemplate.tt" in the templates folder), are kept when the window closes and
@@ -43,9 +45,11 @@ public:
     OrdaneBrowser::StorageBrowser *storageBrowser() const { return mBrowser; }
     OrdaneView::IndicatorFactoryWidget *indicatorList() const { return mIndicators; }
     OrdaneView::CandlesExpertPanel *candlePanel() const { return mCandles; }
+    OrdaneBrowser::ObserverWindow *observerList() const { return mObservers; }
+    OrdaneBrowser::BullWindow *bullList() const { return mBulls; }
     OrdaneData::DataManager *dataManager() const { return mData; }
     QuoteUpdates *quoteUpdates() const { return mUpdates; }
-    // The docks in the order "Work Area", "Browser", "Indicators", "Candle Guru".
+    // The docks in the order "Work Area", "Browser", "Indicators", "Candle Guru", "Observer".
     QList<QDockWidget *> docks() const { return mDocks; }
 
     // Where the chart set-up is kept between runs.
@@ -97,6 +101,8 @@ private:
     OrdaneBrowser::StorageBrowser *mBrowser;
     OrdaneView::IndicatorFactoryWidget *mIndicators;
     OrdaneView::CandlesExpertPanel *mCandles;
+    OrdaneBrowser::ObserverWindow *mObservers;
+    OrdaneBrowser::BullWindow *mBulls;
     QList<QDockWidget *> mDocks;
     bool mStateRestored = false;
     QMenu *mMainMenu = nullptr; // every menu, for the panel's "Menu" button

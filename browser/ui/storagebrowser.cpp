@@ -369,8 +369,11 @@ void StorageBrowser::slotFillChartItems()
     const QStringList files =
         QDir(mFolder).entryList({QStringLiteral("*.*")}, QDir::Files, QDir::Name);
     QStringList symbols;
-    for (const QString &file : files)
-        symbols << file.left(file.lastIndexOf(QLatin1Char('.')));
+    for (const QString &file : files) {
+        // The store's own files ("_meta.tdb", "_constituents.csv") are no symbols.
+        if (!file.startsWith(QLatin1Char('_')))
+            symbols << file.left(file.lastIndexOf(QLatin1Char('.')));
+    }
     slotSetSymbols(symbols);
 }
 

@@ -112,8 +112,9 @@ public slots:
     void slotLoadSymbols();
     // Asks for a file name and writes the list there (dialog "Save Browser Symbols").
     void slotSaveSymbols();
-    // Lists the storage folder anew: one row per file matching "*.*" (subfolders and names
-    // without a dot are left out), named by the file name up to its last ".".
+    // Lists the storage folder anew: one row per file matching "*.*" (subfolders, names
+    // without a dot and the store's own files, whose names start with "_", are left out),
+    // named by the file name up to its last ".".
     void slotFillChartItems();
     // The end of a fetch (see above); the symbol is upper-cased.
     void slotDone(const QString &symbol);

@@ -4,6 +4,9 @@
 #include "storagebrowser.h"
 
 #include "data/import/importer.h"
+#include "data/metadata.h"
+#include "indexexpanddialog.h"
+#include "infodialog.h"
 #include "data/import/storecheck.h"
 #include "metastockimportdialog.h"
 #include "stocklist.h"
@@ -104,6 +107,22 @@ void StorageBrowser::slotImportMetaStockOverwrite()
 {
     import(OrdaneData::ImportFormat::MetaStock, false, tr("Import Files (Overwrite)"),
            QStringLiteral("master"));
+}
+
+void StorageBrowser::showInfo(QTreeWidgetItem *item)
+{
+    const QString symbol = item->text(StockList::SymbolColumn);
+    InfoDialog dialog(symbol, mMeta ? mMeta->record(symbol) : QMap<QString, QString>(), this);
+    dialog.exec();
+}
+
+void StorageBrowser::expandIndex(QTreeWidgetItem *item)
+{
+    const QStringList members = IndexExpandDialog::pickMembers(item->text(StockList::SymbolColumn), this);
+    if (members.isEmpty())
+        return;
+    emit addIndexSymbols(members);
+    slotLoadIndexSymbols(members);
 }
 
 void StorageBrowser::slotCheckStore()

@@ -98,9 +98,12 @@ QVector<StoreCheck> checkStore(const QString &storageFolder, const QStringList &
 {
     QStringList names = symbols;
     if (names.isEmpty()) {
-        names = QDir(storageFolder).entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
-        for (QString &name : names)
-            name.chop(4);
+        const QStringList files =
+            QDir(storageFolder).entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
+        // The store's own files ("_constituents.csv") hold no quotes.
+        for (const QString &file : files)
+            if (!file.startsWith(QLatin1Char('_')))
+                names << file.left(file.size() - 4);
     }
     QVector<StoreCheck> checks;
     checks.reserve(names.size());

@@ -4,6 +4,7 @@
 
 #include "app/mainwindow.h"
 #include "app/quoteupdates.h"
+#include "browser/ui/observerwindow.h"
 #include "browser/ui/stocklist.h"
 #include "browser/ui/storagebrowser.h"
 #include "data/home.h"
@@ -75,11 +76,13 @@ void TestMainWindow::cleanup()
 void TestMainWindow::docksMenusAndShortcuts()
 {
     const QList<QWidget *> parts{mWindow->viewsContainer(), mWindow->storageBrowser(),
-                                 mWindow->indicatorList(), mWindow->candlePanel()};
+                                 mWindow->indicatorList(), mWindow->candlePanel(),
+                                 mWindow->observerList()->parentWidget()->parentWidget()};
     const QStringList titles{QStringLiteral("Work Area"), QStringLiteral("Browser"),
-                             QStringLiteral("Indicators"), QStringLiteral("Candle Guru")};
-    QCOMPARE(mWindow->docks().size(), 4);
-    for (int i = 0; i < 4; ++i) {
+                             QStringLiteral("Indicators"), QStringLiteral("Candle Guru"),
+                             QStringLiteral("Observer")};
+    QCOMPARE(mWindow->docks().size(), 5);
+    for (int i = 0; i < 5; ++i) {
         QCOMPARE(mWindow->docks().at(i)->windowTitle(), titles.at(i));
         QCOMPARE(mWindow->docks().at(i)->widget(), parts.at(i));
     }
