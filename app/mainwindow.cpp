@@ -105,8 +105,8 @@ MainWindow::MainWindow(QWidget *parent)
     observers->setObjectName(QStringLiteral("ObserverTabs"));
     observers->addTab(mObservers, tr("Observer"));
     observers->addTab(mBulls, tr("Bulls"));
-    QDockWidget *observer = addDock(QStringLiteral("ObserverDock"), tr("Observer"), observers,
-                                    Qt::LeftDockWidgetArea);
+    QDockWidget *observer =
+        addDock(QStringLiteral("ObserverDock"), tr("Observer"), observers, Qt::LeftDockWidgetArea);
     tabifyDockWidget(candles, observer);
     indicators->raise();
 
@@ -140,7 +140,8 @@ MainWindow::MainWindow(QWidget *parent)
     mViews->slotSetCandlePatternBlending(mCandles->isBlending());
     mViews->slotShowCandlePatterns(mCandles->isActive());
 
-    for (OrdaneBrowser::ObserverWindow *list : {mObservers, static_cast<OrdaneBrowser::ObserverWindow *>(mBulls)})
+    for (OrdaneBrowser::ObserverWindow *list :
+         {mObservers, static_cast<OrdaneBrowser::ObserverWindow *>(mBulls)})
         connect(list, &OrdaneBrowser::ObserverWindow::observerItemSeletected, mViews,
                 &OrdaneView::ViewsContainer::slotSetReader);
     connect(mBrowser, &OrdaneBrowser::StorageBrowser::pairSelected, mViews,

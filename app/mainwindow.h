@@ -14,7 +14,7 @@ namespace OrdaneBrowser {
 class BullWindow;
 class ObserverWindow;
 class StorageBrowser;
-}
+} // namespace OrdaneBrowser
 namespace OrdaneView {
 class CandlesExpertPanel;
 class IndicatorFactoryWidget;

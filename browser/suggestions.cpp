@@ -16,14 +16,26 @@ struct Suffix
 // The markets a typed symbol is most often meant on, with the exchange code the metadata
 // store uses for them.
 const Suffix kTableSuffixes[] = {
-    {"", ""},           {".DE", "XETRA"},    {".F", "Frankfurt"},  {".L", "London"},
-    {".PA", "Paris"},   {".AS", "Amsterdam"}, {".MI", "Milan"},     {".MC", "Madrid"},
-    {".SW", "Swiss"},   {".VI", "Vienna"},   {".ST", "Stockholm"}, {".OL", "Oslo"},
-    {".CO", "Copenhagen"}, {".TO", "Toronto"}, {".AX", "ASX"},      {".HK", "HKSE"},
+    {"", ""},
+    {".DE", "XETRA"},
+    {".F", "Frankfurt"},
+    {".L", "London"},
+    {".PA", "Paris"},
+    {".AS", "Amsterdam"},
+    {".MI", "Milan"},
+    {".MC", "Madrid"},
+    {".SW", "Swiss"},
+    {".VI", "Vienna"},
+    {".ST", "Stockholm"},
+    {".OL", "Oslo"},
+    {".CO", "Copenhagen"},
+    {".TO", "Toronto"},
+    {".AX", "ASX"},
+    {".HK", "HKSE"},
 };
 const Suffix kDailySuffixes[] = {
-    {".us", "NYSE"}, {".de", "XETRA"}, {".uk", "London"}, {".jp", ""}, {".hk", "HKSE"},
-    {".pl", ""},     {".hu", ""},      {"", ""},
+    {".us", "NYSE"}, {".de", "XETRA"}, {".uk", "London"}, {".jp", ""},
+    {".hk", "HKSE"}, {".pl", ""},      {".hu", ""},       {"", ""},
 };
 } // namespace
 
@@ -63,8 +75,9 @@ QVector<Candidate> suggestSymbols(const QString &typed, OrdaneData::MetaData *me
     if (!base.startsWith(QLatin1Char('^')) && base.contains(QLatin1Char('.')))
         base = base.left(base.indexOf(QLatin1Char('.')));
     add({candidateType(text), QString(), QString(), daily ? text.toLower() : text.toUpper()});
-    for (const Suffix &s : daily ? QVector<Suffix>(std::begin(kDailySuffixes), std::end(kDailySuffixes))
-                                 : QVector<Suffix>(std::begin(kTableSuffixes), std::end(kTableSuffixes)))
+    for (const Suffix &s :
+         daily ? QVector<Suffix>(std::begin(kDailySuffixes), std::end(kDailySuffixes))
+               : QVector<Suffix>(std::begin(kTableSuffixes), std::end(kTableSuffixes)))
         add({candidateType(base), QLatin1String(s.exchange), QString(),
              base + QLatin1String(s.suffix)});
     return result;

@@ -18,8 +18,7 @@ bool readSymbolListFile(const QString &path, QStringList *symbols);
 
 // Writes the list (in the locale's encoding, like any text of the user) through a save file,
 // so that a failure leaves the old file as it was; false with *error saying why.
-bool writeSymbolListFile(const QString &path, const QStringList &symbols,
-                         QString *error = nullptr);
+bool writeSymbolListFile(const QString &path, const QStringList &symbols, QString *error = nullptr);
 
 // A name a list is saved under: with ".sym" appended unless it ends so already.
 QString withSymbolListExtension(const QString &path);

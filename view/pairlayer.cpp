@@ -115,7 +115,8 @@ void PairLayer::draw(QPainter &painter, int plotWidth)
     painter.setFont(canvas->scaleFont());
     painter.setPen(colour());
     const QFontMetrics metrics(canvas->scaleFont());
-    painter.drawText(QPoint(4, row(hi) + metrics.ascent() + 1), QString::number(double(hi), 'g', 6));
+    painter.drawText(QPoint(4, row(hi) + metrics.ascent() + 1),
+                     QString::number(double(hi), 'g', 6));
     painter.drawText(QPoint(4, row(lo) - 3), QString::number(double(lo), 'g', 6));
     painter.restore();
 }

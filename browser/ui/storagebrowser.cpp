@@ -128,11 +128,10 @@ StorageBrowser::StorageBrowser(const QString &storageFolder, QWidget *parent)
         saveSelection();
         slotChartItemActivated(current, StockList::SymbolColumn);
     });
-    connect(mList, &QTreeWidget::itemChanged, this,
-            [this](QTreeWidgetItem *, int column) {
-                if (column == StockList::CheckColumn)
-                    slotChartItemChanged();
-            });
+    connect(mList, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *, int column) {
+        if (column == StockList::CheckColumn)
+            slotChartItemChanged();
+    });
     if (QCoreApplication::instance())
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 &StorageBrowser::slotSaveLastKnownSymbols);
@@ -554,9 +553,9 @@ void StorageBrowser::slotSaveSymbols()
 
 void StorageBrowser::slotLoadSymbols()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Load Browser Symbols"), lastFolder() + QStringLiteral("/ "),
-        QStringLiteral("*.sym"));
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Load Browser Symbols"),
+                                     lastFolder() + QStringLiteral("/ "), QStringLiteral("*.sym"));
     QStringList symbols;
     if (path.isEmpty() || !readSymbolListFile(path, &symbols))
         return;
@@ -721,13 +720,13 @@ void StorageBrowser::slotExportChecked()
     for (const QString &symbol : symbols) {
         QFile source(mSource->fileOf(symbol));
         const QString target = QDir(folder).filePath(symbol + QStringLiteral(".csv"));
-        if (source.open(QIODevice::ReadOnly) &&
-            OrdaneData::writeText(target, source.readAll()))
+        if (source.open(QIODevice::ReadOnly) && OrdaneData::writeText(target, source.readAll()))
             ++written;
         else
             failed << symbol;
     }
-    QString text = tr("%1 files exported to %2.").arg(written).arg(QDir::toNativeSeparators(folder));
+    QString text =
+        tr("%1 files exported to %2.").arg(written).arg(QDir::toNativeSeparators(folder));
     if (!failed.isEmpty())
         text += QLatin1Char(' ') + tr("Not exported: %1.").arg(failed.join(QStringLiteral(", ")));
     emit message(text);
@@ -760,8 +759,9 @@ void StorageBrowser::slotEraseChecked()
     updateCount();
     emit itemChanged();
     if (!failed.isEmpty())
-        QMessageBox::warning(this, tr("Erase Checked"),
-                             tr("These could not be deleted: %1").arg(failed.join(QStringLiteral(", "))));
+        QMessageBox::warning(
+            this, tr("Erase Checked"),
+            tr("These could not be deleted: %1").arg(failed.join(QStringLiteral(", "))));
 }
 
 void StorageBrowser::slotPair(const QString &symbol)

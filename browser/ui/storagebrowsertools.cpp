@@ -1,15 +1,14 @@
 // The storage browser's tools over files: the imports of other programs' quote files and the
 // check of the store.
 
-#include "storagebrowser.h"
-
 #include "data/import/importer.h"
+#include "data/import/storecheck.h"
 #include "data/metadata.h"
 #include "indexexpanddialog.h"
 #include "infodialog.h"
-#include "data/import/storecheck.h"
 #include "metastockimportdialog.h"
 #include "stocklist.h"
+#include "storagebrowser.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -25,7 +24,8 @@
 
 namespace OrdaneBrowser {
 
-void StorageBrowser::import(OrdaneData::ImportFormat format, bool merge, const QString &title, const QString &filter)
+void StorageBrowser::import(OrdaneData::ImportFormat format, bool merge, const QString &title,
+                            const QString &filter)
 {
     const QStringList paths =
         QFileDialog::getOpenFileNames(this, title, lastFolder() + QStringLiteral("/ "), filter);
@@ -56,13 +56,11 @@ OrdaneData::ImportReport StorageBrowser::importFiles(OrdaneData::ImportFormat fo
         if (mCancelRequested)
             importer.cancel();
     });
-    connect(&importer, &OrdaneData::Importer::imported, this, [this](const QString &symbol) {
-        slotDone(symbol);
-    });
+    connect(&importer, &OrdaneData::Importer::imported, this,
+            [this](const QString &symbol) { slotDone(symbol); });
     const bool suggestions = mSuggestions;
     mSuggestions = false;
-    const OrdaneData::ImportReport report =
-        importer.run(format, paths, merge);
+    const OrdaneData::ImportReport report = importer.run(format, paths, merge);
     if (!self)
         return report;
     mSuggestions = suggestions;
@@ -99,8 +97,7 @@ void StorageBrowser::slotImportHalcyraFilesMerge()
 
 void StorageBrowser::slotImportRBKFilesMerge()
 {
-    import(OrdaneData::ImportFormat::Rbk, true, tr("Import File (Merge)"),
-           QStringLiteral("*.csv"));
+    import(OrdaneData::ImportFormat::Rbk, true, tr("Import File (Merge)"), QStringLiteral("*.csv"));
 }
 
 void StorageBrowser::slotImportMetaStockOverwrite()
@@ -118,7 +115,8 @@ void StorageBrowser::showInfo(QTreeWidgetItem *item)
 
 void StorageBrowser::expandIndex(QTreeWidgetItem *item)
 {
-    const QStringList members = IndexExpandDialog::pickMembers(item->text(StockList::SymbolColumn), this);
+    const QStringList members =
+        IndexExpandDialog::pickMembers(item->text(StockList::SymbolColumn), this);
     if (members.isEmpty())
         return;
     emit addIndexSymbols(members);
@@ -142,10 +140,10 @@ void StorageBrowser::slotCheckStore()
     for (const OrdaneData::StoreCheck &c : checks) {
         const QString date = QStringLiteral("yyyy-MM-dd");
         auto *row = new QTreeWidgetItem(
-            table, {c.symbol, QString::number(c.rows), c.first.toString(date), c.last.toString(date),
-                    QString::number(c.badLines), QString::number(c.repeatedDates),
-                    QString::number(c.outOfOrder), QString::number(c.gaps),
-                    c.ok() ? tr("ok") : tr("damaged")});
+            table, {c.symbol, QString::number(c.rows), c.first.toString(date),
+                    c.last.toString(date), QString::number(c.badLines),
+                    QString::number(c.repeatedDates), QString::number(c.outOfOrder),
+                    QString::number(c.gaps), c.ok() ? tr("ok") : tr("damaged")});
         if (!c.ok()) {
             ++damaged;
             for (int column = 0; column < table->columnCount(); ++column)
@@ -153,10 +151,11 @@ void StorageBrowser::slotCheckStore()
         }
     }
     table->header()->resizeSections(QHeaderView::ResizeToContents);
-    auto *summary = new QLabel(
-        damaged ? tr("%1 of %2 files have problems; nothing was changed.").arg(damaged).arg(checks.size())
-                : tr("All %1 files are sound.").arg(checks.size()),
-        &dialog);
+    auto *summary = new QLabel(damaged ? tr("%1 of %2 files have problems; nothing was changed.")
+                                             .arg(damaged)
+                                             .arg(checks.size())
+                                       : tr("All %1 files are sound.").arg(checks.size()),
+                               &dialog);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
     connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     auto *layout = new QVBoxLayout(&dialog);

@@ -46,11 +46,10 @@ SuggestDialog::SuggestDialog(const QString &typed, const QVector<Candidate> &can
         mItems.append(item);
     }
     mNote->setWordWrap(true);
-    mNote->setText(candidates.isEmpty()
-                       ? tr("There are no quotes for \"%1\", and nothing like it is known.")
-                             .arg(typed)
-                       : tr("There are no quotes for \"%1\". Perhaps one of these is meant:")
-                             .arg(typed));
+    mNote->setText(
+        candidates.isEmpty()
+            ? tr("There are no quotes for \"%1\", and nothing like it is known.").arg(typed)
+            : tr("There are no quotes for \"%1\". Perhaps one of these is meant:").arg(typed));
 
     auto *buttons = new QDialogButtonBox(this);
     QPushButton *add = buttons->addButton(tr("&Add Selected"), QDialogButtonBox::AcceptRole);

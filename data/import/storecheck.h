@@ -30,7 +30,8 @@ struct StoreCheck
 };
 
 // Checks the stored file storageFolder/SYMBOL.csv of each symbol, in the order given; when
-// none are given, every "*.csv" of the folder, sorted by name.
+// none are given, every "*.csv" of the folder, sorted by name, except the store's own files,
+// whose names start with "_".
 QVector<StoreCheck> checkStore(const QString &storageFolder, const QStringList &symbols = {});
 
 // The checks as CSV text, one line each after the header

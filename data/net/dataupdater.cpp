@@ -2,11 +2,11 @@
 
 #include "data/quotefile.h"
 #include "data/quotetable.h"
-
-#include <QFile>
 #include "data/reader.h"
 #include "datamanager.h"
 #include "downloadmanager.h"
+
+#include <QFile>
 
 namespace OrdaneData {
 

@@ -171,6 +171,14 @@
         <source>Quote Service</source>
         <translation>Kursdienst</translation>
     </message>
+    <message>
+        <source>Observer</source>
+        <translation>Beobachter</translation>
+    </message>
+    <message>
+        <source>Bulls</source>
+        <translation>Bullen</translation>
+    </message>
 </context>
 <context>
     <name>Halcyra::QuoteUpdates</name>
@@ -196,6 +204,160 @@
     </message>
 </context>
 <context>
+    <name>OrdaneBrowser::IndexExpandDialog</name>
+    <message>
+        <source>Expand Index %1</source>
+        <translation>Index %1 aufklappen</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Alle ankreuzen</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Alle abwählen</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>No members of %1 are listed in %2.</source>
+        <translation>In %2 sind keine Mitglieder von %1 verzeichnet.</translation>
+    </message>
+    <message>
+        <source>Check the members of %1 to add to the browser.</source>
+        <translation>Die Mitglieder von %1 ankreuzen, die in den Browser sollen.</translation>
+    </message>
+    <message>
+        <source>&amp;Add Selected</source>
+        <translation>Auswahl &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 checked</source>
+        <translation>%1 von %2 angekreuzt</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::InfoDialog</name>
+    <message>
+        <source>Market capitalisation</source>
+        <translation>Marktkapitalisierung</translation>
+    </message>
+    <message>
+        <source>EBITDA</source>
+        <translation>EBITDA</translation>
+    </message>
+    <message>
+        <source>P/E ratio</source>
+        <translation>KGV</translation>
+    </message>
+    <message>
+        <source>PEG ratio</source>
+        <translation>PEG-Verhältnis</translation>
+    </message>
+    <message>
+        <source>Price/sales ratio</source>
+        <translation>Kurs-Umsatz-Verhältnis</translation>
+    </message>
+    <message>
+        <source>Price/book ratio</source>
+        <translation>Kurs-Buchwert-Verhältnis</translation>
+    </message>
+    <message>
+        <source>Book value per share</source>
+        <translation>Buchwert je Aktie</translation>
+    </message>
+    <message>
+        <source>Earnings per share</source>
+        <translation>Gewinn je Aktie</translation>
+    </message>
+    <message>
+        <source>EPS estimate, this year</source>
+        <translation>Gewinnschätzung je Aktie, dieses Jahr</translation>
+    </message>
+    <message>
+        <source>EPS estimate, next year</source>
+        <translation>Gewinnschätzung je Aktie, nächstes Jahr</translation>
+    </message>
+    <message>
+        <source>EPS estimate, next quarter</source>
+        <translation>Gewinnschätzung je Aktie, nächstes Quartal</translation>
+    </message>
+    <message>
+        <source>P/E on this year&apos;s estimate</source>
+        <translation>KGV auf die Schätzung dieses Jahres</translation>
+    </message>
+    <message>
+        <source>Dividend per share</source>
+        <translation>Dividende je Aktie</translation>
+    </message>
+    <message>
+        <source>Dividend yield</source>
+        <translation>Dividendenrendite</translation>
+    </message>
+    <message>
+        <source>Ex-dividend date</source>
+        <translation>Ex-Dividenden-Tag</translation>
+    </message>
+    <message>
+        <source>Dividend pay date</source>
+        <translation>Dividenden-Zahltag</translation>
+    </message>
+    <message>
+        <source>Short ratio</source>
+        <translation>Leerverkaufsquote</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Symbol Information</source>
+        <translation>Symbol-Information</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>No information is stored about %1.</source>
+        <translation>Über %1 ist nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>Valuation</source>
+        <translation>Bewertung</translation>
+    </message>
+    <message>
+        <source>Trading</source>
+        <translation>Handel</translation>
+    </message>
+    <message>
+        <source>Earnings</source>
+        <translation>Gewinne</translation>
+    </message>
+    <message>
+        <source>Dividends</source>
+        <translation>Dividenden</translation>
+    </message>
+    <message>
+        <source>Last refresh</source>
+        <translation>Zuletzt aufgefrischt</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneBrowser::MetaStockImportDialog</name>
     <message>
         <source>MetaStock MASTER-File import</source>
@@ -216,6 +378,123 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::NotAvailableDialog</name>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Börse</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>&lt;H2&gt;&lt;CENTER&gt;Sorry, the historical data for the &lt;BR&gt;following items is not availible&lt;/CENTER&gt;&lt;/H2&gt;</source>
+        <translation>&lt;H2&gt;&lt;CENTER&gt;Leider sind die historischen Daten der &lt;BR&gt;folgenden Werte nicht verfügbar&lt;/CENTER&gt;&lt;/H2&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;OK</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::ObserverList</name>
+    <message>
+        <source>Drag symbols from the browser and drop them here.</source>
+        <translation>Symbole aus dem Browser hierher ziehen.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::ObserverWindow</name>
+    <message>
+        <source>Export Charts</source>
+        <translation>Charts exportieren</translation>
+    </message>
+    <message>
+        <source>Import Charts</source>
+        <translation>Charts importieren</translation>
+    </message>
+    <message>
+        <source>Copy the stored quotes of the selected symbols into a folder</source>
+        <translation>Die gespeicherten Kurse der gewählten Symbole in einen Ordner kopieren</translation>
+    </message>
+    <message>
+        <source>Add the symbols of quote files to this list</source>
+        <translation>Die Symbole von Kursdateien dieser Liste hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Show Chart</source>
+        <translation>Chart &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Export Charts</source>
+        <translation>Charts &amp;exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Import Charts</source>
+        <translation>Charts &amp;importieren</translation>
+    </message>
+    <message>
+        <source>Quote files (*.csv)</source>
+        <translation>Kursdateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Select the symbols whose charts to export.</source>
+        <translation>Die Symbole wählen, deren Charts exportiert werden sollen.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>%1: no stored quotes (%2)</source>
+        <translation>%1: keine gespeicherten Kurse (%2)</translation>
+    </message>
+    <message>
+        <source>%1 exists already. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 charts exported to %3.</source>
+        <translation>%1 von %2 Charts nach %3 exportiert.</translation>
+    </message>
+    <message>
+        <source>These charts could not be exported:</source>
+        <translation>Diese Charts konnten nicht exportiert werden:</translation>
+    </message>
+    <message>
+        <source>%1: not a quote file</source>
+        <translation>%1: keine Kursdatei</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files imported.</source>
+        <translation>%1 von %2 Dateien importiert.</translation>
+    </message>
+    <message>
+        <source>These files were not imported:</source>
+        <translation>Diese Dateien wurden nicht importiert:</translation>
+    </message>
+    <message>
+        <source>%1 has no stored quotes.</source>
+        <translation>%1 hat keine gespeicherten Kurse.</translation>
     </message>
 </context>
 <context>
@@ -258,6 +537,329 @@
     <message>
         <source>%1 Items</source>
         <translation>%1 Einträge</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Symbol/Name</source>
+        <translation>Symbol/Name</translation>
+    </message>
+    <message>
+        <source>MSFT, ADS.DE, ^GDAXI ...</source>
+        <translation>MSFT, ADS.DE, ^GDAXI ...</translation>
+    </message>
+    <message>
+        <source>Fetch the quotes of the symbol and add it to the list</source>
+        <translation>Die Kurse des Symbols laden und es der Liste hinzufügen</translation>
+    </message>
+    <message>
+        <source>Select the first row whose symbol or name holds the text</source>
+        <translation>Die erste Zeile wählen, deren Symbol oder Name den Text enthält</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Stop after the symbol or file under way</source>
+        <translation>Nach dem laufenden Symbol oder der laufenden Datei anhalten</translation>
+    </message>
+    <message>
+        <source>Save the Symbols</source>
+        <translation>Symbole speichern</translation>
+    </message>
+    <message>
+        <source>Load the Symbols</source>
+        <translation>Symbole laden</translation>
+    </message>
+    <message>
+        <source>List Operations</source>
+        <translation>Listenfunktionen</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Alle ankreuzen</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Alle abwählen</translation>
+    </message>
+    <message>
+        <source>Inverte</source>
+        <translation>Umkehren</translation>
+    </message>
+    <message>
+        <source>Hide All</source>
+        <translation>Alle ausblenden</translation>
+    </message>
+    <message>
+        <source>Hide Checked</source>
+        <translation>Angekreuzte ausblenden</translation>
+    </message>
+    <message>
+        <source>Export Checked...</source>
+        <translation>Angekreuzte exportieren...</translation>
+    </message>
+    <message>
+        <source>Erase Checked...</source>
+        <translation>Angekreuzte löschen...</translation>
+    </message>
+    <message>
+        <source>Pair Checked with Selected</source>
+        <translation>Angekreuztes mit Gewähltem paaren</translation>
+    </message>
+    <message>
+        <source>Check Store</source>
+        <translation>Speicher prüfen</translation>
+    </message>
+    <message>
+        <source>Files Import</source>
+        <translation>Dateiimport</translation>
+    </message>
+    <message>
+        <source>Import &amp;MetaTrader Files</source>
+        <translation>&amp;MetaTrader-Dateien importieren</translation>
+    </message>
+    <message>
+        <source>Import %1 Files</source>
+        <translation>%1-Dateien importieren</translation>
+    </message>
+    <message>
+        <source>Import &amp;MetaStock MASTER file </source>
+        <translation>&amp;MetaStock-MASTER-Datei importieren </translation>
+    </message>
+    <message>
+        <source>Merge MetaTrader Files</source>
+        <translation>MetaTrader-Dateien einmischen</translation>
+    </message>
+    <message>
+        <source>Merge %1 Files</source>
+        <translation>%1-Dateien einmischen</translation>
+    </message>
+    <message>
+        <source>Merge RBK Files</source>
+        <translation>RBK-Dateien einmischen</translation>
+    </message>
+    <message>
+        <source>%1 could not be fetched: %2</source>
+        <translation>%1 konnte nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Fetching %1 symbols ...</source>
+        <translation>Lade %1 Symbole ...</translation>
+    </message>
+    <message>
+        <source>Fetching stopped: %1 of %2 symbols listed.</source>
+        <translation>Laden angehalten: %1 von %2 Symbolen aufgelistet.</translation>
+    </message>
+    <message>
+        <source>Save Browser Symbols</source>
+        <translation>Browser-Symbole speichern</translation>
+    </message>
+    <message>
+        <source>The list could not be saved: %1</source>
+        <translation>Die Liste konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Load Browser Symbols</source>
+        <translation>Browser-Symbole laden</translation>
+    </message>
+    <message>
+        <source>No symbol or name holds &quot;%1&quot;.</source>
+        <translation>Kein Symbol und kein Name enthält „%1“.</translation>
+    </message>
+    <message>
+        <source>Updating %1 ...</source>
+        <translation>Aktualisiere %1 ...</translation>
+    </message>
+    <message>
+        <source>Check the rows to export first.</source>
+        <translation>Zuerst die zu exportierenden Zeilen ankreuzen.</translation>
+    </message>
+    <message>
+        <source>Export Checked</source>
+        <translation>Angekreuzte exportieren</translation>
+    </message>
+    <message>
+        <source>%1 files exported to %2.</source>
+        <translation>%1 Dateien nach %2 exportiert.</translation>
+    </message>
+    <message>
+        <source>Not exported: %1.</source>
+        <translation>Nicht exportiert: %1.</translation>
+    </message>
+    <message>
+        <source>Check the rows to erase first.</source>
+        <translation>Zuerst die zu löschenden Zeilen ankreuzen.</translation>
+    </message>
+    <message>
+        <source>Erase Checked</source>
+        <translation>Angekreuzte löschen</translation>
+    </message>
+    <message>
+        <source>Delete the stored quotes of these %1 symbols from the disk?
+
+%2</source>
+        <translation>Die gespeicherten Kurse dieser %1 Symbole von der Festplatte löschen?
+
+%2</translation>
+    </message>
+    <message>
+        <source>These could not be deleted: %1</source>
+        <translation>Diese konnten nicht gelöscht werden: %1</translation>
+    </message>
+    <message>
+        <source>Check the row to pair with the chart first.</source>
+        <translation>Zuerst die Zeile ankreuzen, die mit dem Chart gepaart werden soll.</translation>
+    </message>
+    <message>
+        <source>&amp;Expand Index</source>
+        <translation>Index &amp;aufklappen</translation>
+    </message>
+    <message>
+        <source>&amp;Info</source>
+        <translation>&amp;Info</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>A&amp;ktualisieren</translation>
+    </message>
+    <message>
+        <source>Importing %1 files ...</source>
+        <translation>Importiere %1 Dateien ...</translation>
+    </message>
+    <message>
+        <source>Import Files (Overwrite)</source>
+        <translation>Dateien importieren (überschreiben)</translation>
+    </message>
+    <message>
+        <source>Import Files (Merge)</source>
+        <translation>Dateien importieren (einmischen)</translation>
+    </message>
+    <message>
+        <source>Import File (Merge)</source>
+        <translation>Datei importieren (einmischen)</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>First</source>
+        <translation>Erster</translation>
+    </message>
+    <message>
+        <source>Last</source>
+        <translation>Letzter</translation>
+    </message>
+    <message>
+        <source>Bad lines</source>
+        <translation>Fehlerhafte Zeilen</translation>
+    </message>
+    <message>
+        <source>Repeated dates</source>
+        <translation>Doppelte Tage</translation>
+    </message>
+    <message>
+        <source>Out of order</source>
+        <translation>Außer der Reihe</translation>
+    </message>
+    <message>
+        <source>Gaps</source>
+        <translation>Lücken</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>in Ordnung</translation>
+    </message>
+    <message>
+        <source>damaged</source>
+        <translation>beschädigt</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files have problems; nothing was changed.</source>
+        <translation>%1 von %2 Dateien haben Fehler; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>All %1 files are sound.</source>
+        <translation>Alle %1 Dateien sind in Ordnung.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::SuggestDialog</name>
+    <message>
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Equity</source>
+        <translation>Aktie</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Börse</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Symbol not found</source>
+        <translation>Symbol nicht gefunden</translation>
+    </message>
+    <message>
+        <source>There are no quotes for &quot;%1&quot;, and nothing like it is known.</source>
+        <translation>Für „%1“ gibt es keine Kurse, und nichts Ähnliches ist bekannt.</translation>
+    </message>
+    <message>
+        <source>There are no quotes for &quot;%1&quot;. Perhaps one of these is meant:</source>
+        <translation>Für „%1“ gibt es keine Kurse. Vielleicht ist einer von diesen gemeint:</translation>
+    </message>
+    <message>
+        <source>&amp;Add Selected</source>
+        <translation>Auswahl &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Asking the quote service ...</source>
+        <translation>Frage den Kursdienst ...</translation>
+    </message>
+    <message>
+        <source>Quotes available</source>
+        <translation>Kurse verfügbar</translation>
+    </message>
+    <message>
+        <source>No quotes</source>
+        <translation>Keine Kurse</translation>
     </message>
 </context>
 <context>
@@ -591,6 +1193,10 @@
         <source>Properties of:</source>
         <translation>Eigenschaften von:</translation>
     </message>
+    <message>
+        <source>Remove &amp;Pair %1</source>
+        <translation>&amp;Paar %1 entfernen</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneView::IndicatorFactoryWidget</name>
@@ -677,6 +1283,13 @@
     <message>
         <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
         <translation>Die ganze Reihe. Klicken oder ziehen verschiebt den Chart; mit der rechten Taste ziehen misst.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::PairLayer</name>
+    <message>
+        <source>Pair: %1</source>
+        <translation>Paar: %1</translation>
     </message>
 </context>
 <context>

@@ -171,6 +171,14 @@
         <source>Quote Service</source>
         <translation>Служба котировок</translation>
     </message>
+    <message>
+        <source>Observer</source>
+        <translation>Наблюдение</translation>
+    </message>
+    <message>
+        <source>Bulls</source>
+        <translation>Быки</translation>
+    </message>
 </context>
 <context>
     <name>Halcyra::QuoteUpdates</name>
@@ -196,6 +204,160 @@
     </message>
 </context>
 <context>
+    <name>OrdaneBrowser::IndexExpandDialog</name>
+    <message>
+        <source>Expand Index %1</source>
+        <translation>Состав индекса %1</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Название</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Отметить все</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Снять все</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Отмена</translation>
+    </message>
+    <message>
+        <source>No members of %1 are listed in %2.</source>
+        <translation>В %2 нет состава %1.</translation>
+    </message>
+    <message>
+        <source>Check the members of %1 to add to the browser.</source>
+        <translation>Отметьте бумаги из %1, которые добавить в обозреватель.</translation>
+    </message>
+    <message>
+        <source>&amp;Add Selected</source>
+        <translation>&amp;Добавить выбранные</translation>
+    </message>
+    <message>
+        <source>%1 of %2 checked</source>
+        <translation>отмечено %1 из %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::InfoDialog</name>
+    <message>
+        <source>Market capitalisation</source>
+        <translation>Рыночная капитализация</translation>
+    </message>
+    <message>
+        <source>EBITDA</source>
+        <translation>EBITDA</translation>
+    </message>
+    <message>
+        <source>P/E ratio</source>
+        <translation>P/E</translation>
+    </message>
+    <message>
+        <source>PEG ratio</source>
+        <translation>PEG</translation>
+    </message>
+    <message>
+        <source>Price/sales ratio</source>
+        <translation>Цена/выручка</translation>
+    </message>
+    <message>
+        <source>Price/book ratio</source>
+        <translation>Цена/балансовая стоимость</translation>
+    </message>
+    <message>
+        <source>Book value per share</source>
+        <translation>Балансовая стоимость на акцию</translation>
+    </message>
+    <message>
+        <source>Earnings per share</source>
+        <translation>Прибыль на акцию</translation>
+    </message>
+    <message>
+        <source>EPS estimate, this year</source>
+        <translation>Прогноз прибыли на акцию, этот год</translation>
+    </message>
+    <message>
+        <source>EPS estimate, next year</source>
+        <translation>Прогноз прибыли на акцию, следующий год</translation>
+    </message>
+    <message>
+        <source>EPS estimate, next quarter</source>
+        <translation>Прогноз прибыли на акцию, следующий квартал</translation>
+    </message>
+    <message>
+        <source>P/E on this year&apos;s estimate</source>
+        <translation>P/E по прогнозу этого года</translation>
+    </message>
+    <message>
+        <source>Dividend per share</source>
+        <translation>Дивиденд на акцию</translation>
+    </message>
+    <message>
+        <source>Dividend yield</source>
+        <translation>Дивидендная доходность</translation>
+    </message>
+    <message>
+        <source>Ex-dividend date</source>
+        <translation>Дата отсечки</translation>
+    </message>
+    <message>
+        <source>Dividend pay date</source>
+        <translation>Дата выплаты дивиденда</translation>
+    </message>
+    <message>
+        <source>Short ratio</source>
+        <translation>Коэффициент коротких позиций</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Валюта</translation>
+    </message>
+    <message>
+        <source>Symbol Information</source>
+        <translation>Сведения о символе</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
+        <source>No information is stored about %1.</source>
+        <translation>О %1 ничего не сохранено.</translation>
+    </message>
+    <message>
+        <source>Valuation</source>
+        <translation>Оценка</translation>
+    </message>
+    <message>
+        <source>Trading</source>
+        <translation>Торговля</translation>
+    </message>
+    <message>
+        <source>Earnings</source>
+        <translation>Прибыль</translation>
+    </message>
+    <message>
+        <source>Dividends</source>
+        <translation>Дивиденды</translation>
+    </message>
+    <message>
+        <source>Last refresh</source>
+        <translation>Последнее обновление</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneBrowser::MetaStockImportDialog</name>
     <message>
         <source>MetaStock MASTER-File import</source>
@@ -216,6 +378,123 @@
     <message>
         <source>Cancel</source>
         <translation>Отмена</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::NotAvailableDialog</name>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Биржа</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Название</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>Недоступно</translation>
+    </message>
+    <message>
+        <source>&lt;H2&gt;&lt;CENTER&gt;Sorry, the historical data for the &lt;BR&gt;following items is not availible&lt;/CENTER&gt;&lt;/H2&gt;</source>
+        <translation>&lt;H2&gt;&lt;CENTER&gt;К сожалению, исторические данные &lt;BR&gt;для следующих бумаг недоступны&lt;/CENTER&gt;&lt;/H2&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;ОК</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::ObserverList</name>
+    <message>
+        <source>Drag symbols from the browser and drop them here.</source>
+        <translation>Перетащите сюда символы из обозревателя.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::ObserverWindow</name>
+    <message>
+        <source>Export Charts</source>
+        <translation>Экспорт графиков</translation>
+    </message>
+    <message>
+        <source>Import Charts</source>
+        <translation>Импорт графиков</translation>
+    </message>
+    <message>
+        <source>Copy the stored quotes of the selected symbols into a folder</source>
+        <translation>Скопировать сохранённые котировки выбранных символов в папку</translation>
+    </message>
+    <message>
+        <source>Add the symbols of quote files to this list</source>
+        <translation>Добавить в список символы файлов котировок</translation>
+    </message>
+    <message>
+        <source>&amp;Show Chart</source>
+        <translation>&amp;Показать график</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Удалить</translation>
+    </message>
+    <message>
+        <source>&amp;Export Charts</source>
+        <translation>&amp;Экспорт графиков</translation>
+    </message>
+    <message>
+        <source>&amp;Import Charts</source>
+        <translation>&amp;Импорт графиков</translation>
+    </message>
+    <message>
+        <source>Quote files (*.csv)</source>
+        <translation>Файлы котировок (*.csv)</translation>
+    </message>
+    <message>
+        <source>Select the symbols whose charts to export.</source>
+        <translation>Выберите символы, графики которых экспортировать.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Не удаётся создать папку %1.</translation>
+    </message>
+    <message>
+        <source>%1: no stored quotes (%2)</source>
+        <translation>%1: нет сохранённых котировок (%2)</translation>
+    </message>
+    <message>
+        <source>%1 exists already. Replace it?</source>
+        <translation>%1 уже существует. Заменить?</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 charts exported to %3.</source>
+        <translation>Экспортировано графиков: %1 из %2 в %3.</translation>
+    </message>
+    <message>
+        <source>These charts could not be exported:</source>
+        <translation>Эти графики не удалось экспортировать:</translation>
+    </message>
+    <message>
+        <source>%1: not a quote file</source>
+        <translation>%1: не файл котировок</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files imported.</source>
+        <translation>Импортировано файлов: %1 из %2.</translation>
+    </message>
+    <message>
+        <source>These files were not imported:</source>
+        <translation>Эти файлы не импортированы:</translation>
+    </message>
+    <message>
+        <source>%1 has no stored quotes.</source>
+        <translation>У %1 нет сохранённых котировок.</translation>
     </message>
 </context>
 <context>
@@ -258,6 +537,329 @@
     <message>
         <source>%1 Items</source>
         <translation>Элементов: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Добавить</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Найти</translation>
+    </message>
+    <message>
+        <source>Symbol/Name</source>
+        <translation>Символ/Название</translation>
+    </message>
+    <message>
+        <source>MSFT, ADS.DE, ^GDAXI ...</source>
+        <translation>MSFT, ADS.DE, ^GDAXI ...</translation>
+    </message>
+    <message>
+        <source>Fetch the quotes of the symbol and add it to the list</source>
+        <translation>Загрузить котировки символа и добавить его в список</translation>
+    </message>
+    <message>
+        <source>Select the first row whose symbol or name holds the text</source>
+        <translation>Выбрать первую строку, символ или название которой содержит текст</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Stop after the symbol or file under way</source>
+        <translation>Остановиться после текущего символа или файла</translation>
+    </message>
+    <message>
+        <source>Save the Symbols</source>
+        <translation>Сохранить символы</translation>
+    </message>
+    <message>
+        <source>Load the Symbols</source>
+        <translation>Загрузить символы</translation>
+    </message>
+    <message>
+        <source>List Operations</source>
+        <translation>Операции со списком</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Отметить все</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Снять все</translation>
+    </message>
+    <message>
+        <source>Inverte</source>
+        <translation>Инвертировать</translation>
+    </message>
+    <message>
+        <source>Hide All</source>
+        <translation>Скрыть все</translation>
+    </message>
+    <message>
+        <source>Hide Checked</source>
+        <translation>Скрыть отмеченные</translation>
+    </message>
+    <message>
+        <source>Export Checked...</source>
+        <translation>Экспорт отмеченных...</translation>
+    </message>
+    <message>
+        <source>Erase Checked...</source>
+        <translation>Удалить отмеченные...</translation>
+    </message>
+    <message>
+        <source>Pair Checked with Selected</source>
+        <translation>Наложить отмеченный на выбранный</translation>
+    </message>
+    <message>
+        <source>Check Store</source>
+        <translation>Проверить хранилище</translation>
+    </message>
+    <message>
+        <source>Files Import</source>
+        <translation>Импорт файлов</translation>
+    </message>
+    <message>
+        <source>Import &amp;MetaTrader Files</source>
+        <translation>Импорт файлов &amp;MetaTrader</translation>
+    </message>
+    <message>
+        <source>Import %1 Files</source>
+        <translation>Импорт файлов %1</translation>
+    </message>
+    <message>
+        <source>Import &amp;MetaStock MASTER file </source>
+        <translation>Импорт файла &amp;MetaStock MASTER </translation>
+    </message>
+    <message>
+        <source>Merge MetaTrader Files</source>
+        <translation>Дополнить из файлов MetaTrader</translation>
+    </message>
+    <message>
+        <source>Merge %1 Files</source>
+        <translation>Дополнить из файлов %1</translation>
+    </message>
+    <message>
+        <source>Merge RBK Files</source>
+        <translation>Дополнить из файлов RBK</translation>
+    </message>
+    <message>
+        <source>%1 could not be fetched: %2</source>
+        <translation>Не удалось загрузить %1: %2</translation>
+    </message>
+    <message>
+        <source>Fetching %1 symbols ...</source>
+        <translation>Загрузка символов: %1 ...</translation>
+    </message>
+    <message>
+        <source>Fetching stopped: %1 of %2 symbols listed.</source>
+        <translation>Загрузка остановлена: в списке %1 из %2 символов.</translation>
+    </message>
+    <message>
+        <source>Save Browser Symbols</source>
+        <translation>Сохранить символы обозревателя</translation>
+    </message>
+    <message>
+        <source>The list could not be saved: %1</source>
+        <translation>Не удалось сохранить список: %1</translation>
+    </message>
+    <message>
+        <source>Load Browser Symbols</source>
+        <translation>Загрузить символы обозревателя</translation>
+    </message>
+    <message>
+        <source>No symbol or name holds &quot;%1&quot;.</source>
+        <translation>Ни символ, ни название не содержат «%1».</translation>
+    </message>
+    <message>
+        <source>Updating %1 ...</source>
+        <translation>Обновление %1 ...</translation>
+    </message>
+    <message>
+        <source>Check the rows to export first.</source>
+        <translation>Сначала отметьте строки для экспорта.</translation>
+    </message>
+    <message>
+        <source>Export Checked</source>
+        <translation>Экспорт отмеченных</translation>
+    </message>
+    <message>
+        <source>%1 files exported to %2.</source>
+        <translation>Экспортировано файлов: %1 в %2.</translation>
+    </message>
+    <message>
+        <source>Not exported: %1.</source>
+        <translation>Не экспортированы: %1.</translation>
+    </message>
+    <message>
+        <source>Check the rows to erase first.</source>
+        <translation>Сначала отметьте строки для удаления.</translation>
+    </message>
+    <message>
+        <source>Erase Checked</source>
+        <translation>Удалить отмеченные</translation>
+    </message>
+    <message>
+        <source>Delete the stored quotes of these %1 symbols from the disk?
+
+%2</source>
+        <translation>Удалить с диска сохранённые котировки этих символов (%1)?
+
+%2</translation>
+    </message>
+    <message>
+        <source>These could not be deleted: %1</source>
+        <translation>Не удалось удалить: %1</translation>
+    </message>
+    <message>
+        <source>Check the row to pair with the chart first.</source>
+        <translation>Сначала отметьте строку для наложения на график.</translation>
+    </message>
+    <message>
+        <source>&amp;Expand Index</source>
+        <translation>&amp;Состав индекса</translation>
+    </message>
+    <message>
+        <source>&amp;Info</source>
+        <translation>&amp;Сведения</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>&amp;Обновить</translation>
+    </message>
+    <message>
+        <source>Importing %1 files ...</source>
+        <translation>Импорт файлов: %1 ...</translation>
+    </message>
+    <message>
+        <source>Import Files (Overwrite)</source>
+        <translation>Импорт файлов (заменить)</translation>
+    </message>
+    <message>
+        <source>Import Files (Merge)</source>
+        <translation>Импорт файлов (дополнить)</translation>
+    </message>
+    <message>
+        <source>Import File (Merge)</source>
+        <translation>Импорт файла (дополнить)</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Строк</translation>
+    </message>
+    <message>
+        <source>First</source>
+        <translation>Первый</translation>
+    </message>
+    <message>
+        <source>Last</source>
+        <translation>Последний</translation>
+    </message>
+    <message>
+        <source>Bad lines</source>
+        <translation>Ошибочные строки</translation>
+    </message>
+    <message>
+        <source>Repeated dates</source>
+        <translation>Повторы дат</translation>
+    </message>
+    <message>
+        <source>Out of order</source>
+        <translation>Не по порядку</translation>
+    </message>
+    <message>
+        <source>Gaps</source>
+        <translation>Пропуски</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Состояние</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>в порядке</translation>
+    </message>
+    <message>
+        <source>damaged</source>
+        <translation>повреждён</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files have problems; nothing was changed.</source>
+        <translation>Проблемы в %1 из %2 файлов; ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>All %1 files are sound.</source>
+        <translation>Все файлы (%1) в порядке.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::SuggestDialog</name>
+    <message>
+        <source>Index</source>
+        <translation>Индекс</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Валюта</translation>
+    </message>
+    <message>
+        <source>Equity</source>
+        <translation>Акция</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Тип</translation>
+    </message>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Биржа</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Название</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Symbol not found</source>
+        <translation>Символ не найден</translation>
+    </message>
+    <message>
+        <source>There are no quotes for &quot;%1&quot;, and nothing like it is known.</source>
+        <translation>Котировок для «%1» нет, и ничего похожего не известно.</translation>
+    </message>
+    <message>
+        <source>There are no quotes for &quot;%1&quot;. Perhaps one of these is meant:</source>
+        <translation>Котировок для «%1» нет. Возможно, имелся в виду один из этих:</translation>
+    </message>
+    <message>
+        <source>&amp;Add Selected</source>
+        <translation>&amp;Добавить выбранные</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Отмена</translation>
+    </message>
+    <message>
+        <source>Asking the quote service ...</source>
+        <translation>Запрос к службе котировок ...</translation>
+    </message>
+    <message>
+        <source>Quotes available</source>
+        <translation>Котировки есть</translation>
+    </message>
+    <message>
+        <source>No quotes</source>
+        <translation>Котировок нет</translation>
     </message>
 </context>
 <context>
@@ -591,6 +1193,10 @@
         <source>Properties of:</source>
         <translation>Свойства:</translation>
     </message>
+    <message>
+        <source>Remove &amp;Pair %1</source>
+        <translation>Убрать &amp;наложение %1</translation>
+    </message>
 </context>
 <context>
     <name>OrdaneView::IndicatorFactoryWidget</name>
@@ -677,6 +1283,13 @@
     <message>
         <source>The whole series. Click or drag to move the chart; drag with the right button to measure.</source>
         <translation>Весь ряд. Щелчок или перетаскивание сдвигает график; перетаскивание правой кнопкой измеряет.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneView::PairLayer</name>
+    <message>
+        <source>Pair: %1</source>
+        <translation>Наложение: %1</translation>
     </message>
 </context>
 <context>

@@ -101,7 +101,8 @@ void TestBrowser::symbolListFiles_data()
     QTest::addColumn<QStringList>("symbols");
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QStringList>("readBack");
-    QTest::newRow("list") << symbolsOf({"MSFT", "ADS.DE", "^GDAXI"}) << QByteArray("MSFT;ADS.DE;^GDAXI")
+    QTest::newRow("list") << symbolsOf({"MSFT", "ADS.DE", "^GDAXI"})
+                          << QByteArray("MSFT;ADS.DE;^GDAXI")
                           << symbolsOf({"MSFT", "ADS.DE", "^GDAXI"});
     // Written as nothing; read back as one empty symbol, which no store holds.
     QTest::newRow("empty-list") << QStringList() << QByteArray() << symbolsOf({""});
@@ -124,7 +125,8 @@ void TestBrowser::symbolListFiles()
     QCOMPARE(read, readBack);
 
     QCOMPARE(withSymbolListExtension(QStringLiteral("/x/mylist")), QStringLiteral("/x/mylist.sym"));
-    QCOMPARE(withSymbolListExtension(QStringLiteral("/x/mylist.sym")), QStringLiteral("/x/mylist.sym"));
+    QCOMPARE(withSymbolListExtension(QStringLiteral("/x/mylist.sym")),
+             QStringLiteral("/x/mylist.sym"));
 }
 
 // "lastknown.sym" holds the list at quit (not when it is empty) and gives it back at the
@@ -151,7 +153,8 @@ void TestBrowser::listKeptBetweenRuns()
     QCOMPARE(next.stockList()->symbols(),
              symbolsOf({"AAPL", "ADS.DE", "MAN.DE", "MSFT", "NOTSTORED"}));
     QCOMPARE(done.count(), 0); // nothing was fetched
-    QCOMPARE(next.stockList()->currentItem()->text(StockList::SymbolColumn), QStringLiteral("MSFT"));
+    QCOMPARE(next.stockList()->currentItem()->text(StockList::SymbolColumn),
+             QStringLiteral("MSFT"));
 
     // Quitting with an empty list keeps the previous file.
     next.slotClear();
@@ -166,7 +169,9 @@ void TestBrowser::listOperations()
     StorageBrowser browser;
     browser.slotSetSymbols({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
     StockList *list = browser.stockList();
-    const auto checked = [&] { return browser.checkedSymbols().join(QLatin1Char(',')); };
+    const auto checked = [&] {
+        return browser.checkedSymbols().join(QLatin1Char(','));
+    };
     browser.slotCheckAll();
     QCOMPARE(checked(), QStringLiteral("A,B,C"));
     list->topLevelItem(1)->setCheckState(StockList::CheckColumn, Qt::Unchecked);
@@ -180,8 +185,10 @@ void TestBrowser::listOperations()
 
     // Find selects the first row whose symbol or name holds the text.
     browser.slotSetSymbols({QStringLiteral("MSFT"), QStringLiteral("^GDAXI")});
-    list->findSymbol(QStringLiteral("^GDAXI"))->setText(StockList::NameColumn, QStringLiteral("DAX"));
-    browser.findChild<QLineEdit *>(QStringLiteral("StorageBrowserSymbol"))->setText(QStringLiteral("dax"));
+    list->findSymbol(QStringLiteral("^GDAXI"))
+        ->setText(StockList::NameColumn, QStringLiteral("DAX"));
+    browser.findChild<QLineEdit *>(QStringLiteral("StorageBrowserSymbol"))
+        ->setText(QStringLiteral("dax"));
     browser.slotFind();
     QCOMPARE(list->currentItem()->text(StockList::SymbolColumn), QStringLiteral("^GDAXI"));
     browser.slotClear();
@@ -212,7 +219,8 @@ void TestBrowser::suggestionsForATypedSymbol()
         suggestSymbols(QStringLiteral("ADS.DE"), nullptr, OrdaneData::QuoteService::DailyCsv);
     QCOMPARE(daily.first().symbol, QStringLiteral("ads.de"));
     QVERIFY(daily.contains({QString(), QString(), QString(), QStringLiteral("ads.us")}));
-    QCOMPARE(suggestSymbols(QStringLiteral("  "), &meta, OrdaneData::QuoteService::Table).size(), 0);
+    QCOMPARE(suggestSymbols(QStringLiteral("  "), &meta, OrdaneData::QuoteService::Table).size(),
+             0);
 }
 
 // "&Add" fetches the typed symbol: one the service has gets its row; one it has not opens
@@ -246,14 +254,16 @@ void TestBrowser::fetchAddsRowsAndSuggests()
     edit->setText(QStringLiteral("ADS"));
     add->click();
     QTRY_VERIFY_WITH_TIMEOUT(browser.stockList()->findSymbol(QStringLiteral("ADS.DE")), 20000);
-    QVERIFY2(offered.contains(QStringLiteral("ADS.DE")) && !offered.contains(QStringLiteral("ADS.F")),
+    QVERIFY2(offered.contains(QStringLiteral("ADS.DE")) &&
+                 !offered.contains(QStringLiteral("ADS.F")),
              qPrintable(offered.join(QLatin1Char(','))));
 
     // A list load asks nothing of the user on the way; the missing ones come at the end.
     QString heading;
     QTimer::singleShot(0, [&heading] {
         const auto answer = [&heading] {
-            if (auto *dialog = qobject_cast<NotAvailableDialog *>(QApplication::activeModalWidget())) {
+            if (auto *dialog =
+                    qobject_cast<NotAvailableDialog *>(QApplication::activeModalWidget())) {
                 heading = dialog->list()->topLevelItem(0)->text(2);
                 dialog->accept();
                 return true;
@@ -278,7 +288,9 @@ void TestBrowser::exportEraseAndPair()
 {
     StorageBrowser browser;
     browser.slotSetSymbols({QStringLiteral("AAPL"), QStringLiteral("MAN.DE")});
-    browser.stockList()->findSymbol(QStringLiteral("MAN.DE"))->setCheckState(StockList::CheckColumn, Qt::Checked);
+    browser.stockList()
+        ->findSymbol(QStringLiteral("MAN.DE"))
+        ->setCheckState(StockList::CheckColumn, Qt::Checked);
 
     // Pairing the checked symbol with the chart hands on its series.
     QSignalSpy paired(&browser, &StorageBrowser::pairSelected);

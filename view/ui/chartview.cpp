@@ -1,14 +1,13 @@
 #include "chartview.h"
 
+#include "data/reader.h"
 #include "view/candlespatternlayer.h"
 #include "view/chartsession.h"
 #include "view/computedlayer.h"
-#include "data/reader.h"
 #include "view/pairlayer.h"
 
-#include <QMenu>
-
 #include <QInputDialog>
+#include <QMenu>
 
 namespace OrdaneView {
 
