@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QMap>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -111,6 +112,10 @@ bool setFilterValue(const FilterSpec &spec, FilterValues &values, const QString 
 // The time frame a filter's "Time Frame:" value names (OrdaneData::Day .. Quarter); the daily
 // entry's text, "Day", and no "Time Frame:" control at all give the day frame.
 int filterTimeFrame(const FilterValues &values);
+
+// The volume filter's presets by name ("Micro", "Minor", "Major", "Macro"): the range of
+// average day volumes each stands for.
+QMap<QString, QPair<double, double>> volumePresets();
 
 // A number as result columns show it: 3 decimals, right-justified to a width of 12.
 QString filterNumber(double value);

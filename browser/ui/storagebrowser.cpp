@@ -200,6 +200,9 @@ void StorageBrowser::buildControls()
     listMenu->addAction(tr("Check Store"), this, &StorageBrowser::slotCheckStore);
     operations->setMenu(listMenu);
 
+    QPushButton *filter = button("StorageBrowserF", tr("Filter"));
+    connect(filter, &QPushButton::clicked, this, &StorageBrowser::slotCreateFilter);
+
     QPushButton *imports = button("StorageBrowserID", tr("Files Import"));
     auto *importMenu = new QMenu(imports);
     importMenu->addAction(tr("Import &MetaTrader Files"), this,
@@ -237,6 +240,7 @@ void StorageBrowser::buildControls()
     buttons->addWidget(load, 0, 1);
     buttons->addWidget(operations, 1, 0);
     buttons->addWidget(imports, 1, 1);
+    buttons->addWidget(filter, 2, 0);
     auto *progressRow = new QHBoxLayout;
     progressRow->addWidget(mProgress, 1);
     progressRow->addWidget(mCancel);

@@ -149,6 +149,8 @@ public slots:
     void slotHideChecked();
     // Reads every stored file of the list and tells what is wrong with any of them.
     void slotCheckStore();
+    // Shows the filter dialog, made on first use and kept.
+    void slotCreateFilter();
     // Imports of quote files of other programs (see OrdaneData::Importer).
     void slotImportMetaTraderFilesOverwrite();
     void slotImportMetaTraderFilesMerge();
@@ -214,6 +216,7 @@ private:
     bool mLoading = false;
     QStringList mNotFound;
     QString mUpdating; // the symbol "&Update" is bringing up to date
+    QPointer<QWidget> mFilterDialog;
 };
 
 } // namespace OrdaneBrowser

@@ -4,6 +4,7 @@
 #include "data/import/importer.h"
 #include "data/import/storecheck.h"
 #include "data/metadata.h"
+#include "filterdialog.h"
 #include "indexexpanddialog.h"
 #include "infodialog.h"
 #include "metastockimportdialog.h"
@@ -121,6 +122,15 @@ void StorageBrowser::expandIndex(QTreeWidgetItem *item)
         return;
     emit addIndexSymbols(members);
     slotLoadIndexSymbols(members);
+}
+
+void StorageBrowser::slotCreateFilter()
+{
+    if (!mFilterDialog)
+        mFilterDialog = new FilterDialog(this);
+    mFilterDialog->show();
+    mFilterDialog->raise();
+    mFilterDialog->activateWindow();
 }
 
 void StorageBrowser::slotCheckStore()
