@@ -15,6 +15,7 @@ int runFetch(const QStringList &args, Context &context);
 int runMeta(const QStringList &args, Context &context);
 int runImport(const QStringList &args, Context &context);
 int runVerify(const QStringList &args, Context &context);
+int runCandidates(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -91,6 +92,15 @@ const std::vector<Command> &commands()
          "dates out of order, gaps of more than five weekdays and ok or damaged. Exits 1 when "
          "any is damaged.",
          &runVerify},
+        {"candidates",
+         "[--alphabet A] [--length L] [--start I] [--count N] [--prefix P] [--postfix S] "
+         "[--fill C]",
+         "Print the symbols the scanner would probe, one per line: N candidates (100 by "
+         "default) from index I (0) over the alphabet A (0-9, A-Z, _ and -, whose last "
+         "character is never used) up to length L (4, at most 20), each padded on the left to "
+         "width L with the first character of C when C is given, between prefix P (none) and "
+         "postfix S (.de). Ends early at the number of candidates, A's length to the power L.",
+         &runCandidates},
     };
     return table;
 }

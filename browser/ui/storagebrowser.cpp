@@ -221,6 +221,17 @@ void StorageBrowser::buildControls()
     importMenu->addAction(tr("Merge RBK Files"), this, &StorageBrowser::slotImportRBKFilesMerge);
     imports->setMenu(importMenu);
 
+    QPushButton *scanner = button("StorageBrowserS", tr("Scanner"));
+    connect(scanner, &QPushButton::clicked, this, &StorageBrowser::slotCreateScanner);
+    QPushButton *update = button("StorageBrowserU", tr("Update"));
+    auto *updateMenu = new QMenu(update);
+    updateMenu->addAction(tr("Update All Data"), this, &StorageBrowser::slotUpdaterAll);
+    updateMenu->addAction(tr("Update Visible Items Only"), this,
+                          &StorageBrowser::slotUpdaterBrowserItems);
+    update->setMenu(updateMenu);
+    QPushButton *benchmark = button("StorageBrowserBenchmark", tr("Benchmarking"));
+    connect(benchmark, &QPushButton::clicked, this, &StorageBrowser::slotBenchmarking);
+
     auto *noticeLabel = new QLabel(notice(), this);
     noticeLabel->setObjectName(QStringLiteral("StorageBrowserNotice"));
     noticeLabel->setWordWrap(true);
@@ -240,7 +251,13 @@ void StorageBrowser::buildControls()
     buttons->addWidget(load, 0, 1);
     buttons->addWidget(operations, 1, 0);
     buttons->addWidget(imports, 1, 1);
-    buttons->addWidget(filter, 2, 0);
+    // The tools over many symbols, three to a row.
+    auto *tools = new QGridLayout;
+    tools->addWidget(filter, 0, 0);
+    tools->addWidget(scanner, 0, 1);
+    tools->addWidget(update, 0, 2);
+    tools->addWidget(benchmark, 1, 0);
+    buttons->addLayout(tools, 2, 0, 1, 2);
     auto *progressRow = new QHBoxLayout;
     progressRow->addWidget(mProgress, 1);
     progressRow->addWidget(mCancel);

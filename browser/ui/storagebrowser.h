@@ -24,6 +24,9 @@ namespace OrdaneBrowser {
 
 class StockList;
 class FolderSource;
+class Scanner;
+class BrowserUpdater;
+class Benchmarking;
 
 // The docked panel in which the user keeps the symbols to work with: the "Symbol/Name" field
 // with "&Add" (fetch the typed symbol) and "&Find", the list (a check box, the symbol, its
@@ -158,6 +161,12 @@ public slots:
     void slotImportHalcyraFilesMerge();
     void slotImportRBKFilesMerge();
     void slotImportMetaStockOverwrite();
+    // The scanner, the bulk updater in either mode and the benchmarking panel, each made at
+    // first use and kept (storagebrowserpanels.cpp).
+    void slotCreateScanner();
+    void slotUpdaterAll();
+    void slotUpdaterBrowserItems();
+    void slotBenchmarking();
 
 signals:
     // A fetch ended; after slotDone().
@@ -217,6 +226,9 @@ private:
     QStringList mNotFound;
     QString mUpdating; // the symbol "&Update" is bringing up to date
     QPointer<QWidget> mFilterDialog;
+    Scanner *mScanner = nullptr;
+    BrowserUpdater *mBrowserUpdater = nullptr;
+    Benchmarking *mBenchmarking = nullptr;
 };
 
 } // namespace OrdaneBrowser

@@ -57,6 +57,8 @@ private slots:
     void scriptsRunAndPack();
     void updateFetchAndMetaFromTheService();
     void importAndVerify();
+    void candidatesPrintsTheProbes_data();
+    void candidatesPrintsTheProbes();
 
 private:
     QTemporaryDir mDir;
@@ -187,6 +189,13 @@ void TestCli::exitStatus_data()
     row("import-metastock-merge", {S("import"), S("metastock"), S("--merge"), file}, 2,
         "--merge does not apply");
     row("verify-unknown-option", {S("verify"), S("--fix")}, 2, "unknown option --fix");
+    row("candidates-zero-length", {S("candidates"), S("--length"), S("0")}, 2,
+        "--length needs a whole number from 1 to 20");
+    row("candidates-negative-count", {S("candidates"), S("--count"), S("-1")}, 2,
+        "--start and --count need whole numbers");
+    row("candidates-start-not-a-number", {S("candidates"), S("--start"), S("x")}, 2,
+        "--start and --count need whole numbers");
+    row("candidates-extra-argument", {S("candidates"), S("ABC")}, 2, "unexpected argument ABC");
     row("render-missing-template",
         {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
         "cannot open");
@@ -615,6 +624,43 @@ void TestCli::importAndVerify()
     QCOMPARE(o.out, QStringLiteral("symbol,rows,first,last,bad_lines,repeated_dates,out_of_order,"
                                    "gaps,status\nXYZ.IMP,1,2012-09-20,2012-09-20,0,0,0,0,ok\n"
                                    "BAD,0,,,1,0,0,0,damaged\n"));
+}
+
+// The scanner's probe symbols; their order is the generator's own test's.
+void TestCli::candidatesPrintsTheProbes_data()
+{
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<QString>("out"); // null: only the number of lines is checked
+    const auto row = [](const char *name, std::initializer_list<const char *> args,
+                        const char *out) {
+        QStringList list{QStringLiteral("candidates")};
+        for (const char *arg : args)
+            list << QString::fromLatin1(arg);
+        QTest::newRow(name) << list << QString::fromLatin1(out);
+    };
+    row("defaults", {"--count", "3"}, "0.de\n1.de\n2.de\n");
+    row("hundred-by-default", {}, nullptr);
+    row("from-an-index", {"--start", "36", "--count", "3", "--postfix", ".F"}, "_.F\n0.F\n01.F\n");
+    row("prefix-fill-and-length",
+        {"--start", "7", "--count", "2", "--length", "5", "--fill", "0*", "--prefix", "X",
+         "--postfix", ""},
+        "X00007\nX00008\n");
+    row("ends-at-the-count",
+        {"--alphabet", "AX-", "--length", "1", "--count", "10", "--postfix", ""}, "A\nX\nA\n");
+    row("no-candidates", {"--alphabet", "A"}, "");
+}
+
+void TestCli::candidatesPrintsTheProbes()
+{
+    QFETCH(QStringList, args);
+    QFETCH(QString, out);
+    const Outcome r = runCli(args);
+    QCOMPARE(r.status, 0);
+    QVERIFY(r.err.isEmpty());
+    if (out.isNull())
+        QCOMPARE(r.out.count(QLatin1Char('\n')), 100);
+    else
+        QCOMPARE(r.out, out);
 }
 
 QTEST_MAIN(TestCli)
