@@ -16,6 +16,7 @@ int runMeta(const QStringList &args, Context &context);
 int runImport(const QStringList &args, Context &context);
 int runVerify(const QStringList &args, Context &context);
 int runCandidates(const QStringList &args, Context &context);
+int runFilter(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -101,6 +102,16 @@ const std::vector<Command> &commands()
          "width L with the first character of C when C is given, between prefix P (none) and "
          "postfix S (.de). Ends early at the number of candidates, A's length to the power L.",
          &runCandidates},
+        {"filter",
+         "NAME [--frame day|week|month|quarter] [--as-of yyyy-MM-dd] [--set \"Key=Value\"]... "
+         "[--threads N] [SYMBOL...]",
+         "Run filter NAME (RSIFilter, Trend, ...; see docs/filters.md) over the named stored "
+         "symbols, or over every stored symbol in name order, and print the symbols that pass "
+         "as CSV under the filter's columns, then \"Found: N of M\". --set sets a control by its "
+         "label without \"&\" and \":\" (\"RSI Period=14\", \"Rule=Lower\", \"Price "
+         "Range=5..50\"); --frame sets its time frame and --as-of the last day it may see. "
+         "--threads 0, the default, tests on every processor.",
+         &runFilter},
     };
     return table;
 }

@@ -15,6 +15,10 @@ class MetaData;
 class Reader;
 } // namespace OrdaneData
 
+namespace OrdaneBrowser {
+class FilterWorkspace;
+} // namespace OrdaneBrowser
+
 // The filters of the filter dialog as one table: each filter's controls (with their defaults
 // and ranges), its result columns, its apply button's text and its test. The dialog builds
 // its pages from the table, the command-line tool sets the same controls by name, and a run
@@ -50,7 +54,10 @@ struct FilterControl
 
 // What the controls of one filter hold, by key: a double for Integer and Decimal, the item
 // text for Choice, a QDate for Date (invalid: the newest day), a QPair-like QVariantList
-// {lower, upper} for Range, a QStringList of checked exchange codes for Exchanges.
+// {lower, upper} for Range, a QStringList of checked exchange codes for Exchanges. In an
+// Exchanges list, "" stands for the symbols without a known exchange (no metadata record, or
+// none named in it), and "*", the default, for every exchange and those symbols too: a
+// dialog whose boxes are all checked passes {"*"}.
 using FilterValues = QMap<QString, QVariant>;
 
 // One symbol that passed: the symbol and the other columns' texts, numbers already written
@@ -68,10 +75,14 @@ struct FilterRow
 // and the "As of:" day.
 struct FilterInput
 {
-    const OrdaneData::Reader *series = nullptr;
+    const OrdaneData::Reader *series = nullptr; // null for a filter that reads no series
     OrdaneData::MetaData *meta = nullptr;
     QString symbol;
-    QDate asOf; // the newest day the test may see
+    QDate asOf;   // the newest day the test may see; today when "As of:" is not set
+    QString file; // the symbol's stored quote file
+    // Where the test computes its indicators: the run's worker, which keeps them from symbol
+    // to symbol. Null when a test is called by itself; it then makes its own.
+    FilterWorkspace *workspace = nullptr;
 };
 
 struct FilterSpec;
@@ -82,9 +93,9 @@ using FilterTest = std::optional<FilterRow> (*)(const FilterSpec &spec, const Fi
 
 struct FilterSpec
 {
-    QString name;      // the list entry and class name: "RSIFilter"
-    QString title;     // what the filter's name() says: empty, "P/E Ratio" for PE
-    QString caption;   // a text above the controls (Fill), or empty
+    QString name;                    // the list entry and class name: "RSIFilter"
+    QString title;                   // what the filter's name() says: empty, "P/E Ratio" for PE
+    QString caption;                 // a text above the controls (Fill), or empty
     QVector<FilterControl> controls; // in page order; every filter ends with "As of:"
     QStringList columns;             // result columns, "Symbol" first
     QString applyText;               // "&Apply Selection", "&Apply selected" or "&Apply"
@@ -92,6 +103,9 @@ struct FilterSpec
     // the browser list directly.
     bool storedSymbols = false;
     FilterTest test = nullptr;
+    // Whether the test needs the series (all but Fill, which looks at the file's size only).
+    // Without it a run loads nothing and passes a null `series`.
+    bool readsSeries = true;
 };
 
 // The seventeen filters in the dialog's order: Fill, Trend, VolumeFilter, RSIFilter,
@@ -113,11 +127,17 @@ bool setFilterValue(const FilterSpec &spec, FilterValues &values, const QString 
 // entry's text, "Day", and no "Time Frame:" control at all give the day frame.
 int filterTimeFrame(const FilterValues &values);
 
-// The volume filter's presets by name ("Micro", "Minor", "Major", "Macro"): the range of
-// average day volumes each stands for.
-QMap<QString, QPair<double, double>> volumePresets();
-
 // A number as result columns show it: 3 decimals, right-justified to a width of 12.
 QString filterNumber(double value);
+
+// The volume ranges the volume filter's preset buttons fill "Begin:" and "End:" with, in the
+// buttons' order: Micro, Minor, Major, Macro.
+struct VolumePreset
+{
+    QString name;
+    double begin;
+    double end;
+};
+const QVector<VolumePreset> &volumePresets();
 
 } // namespace OrdaneBrowser

@@ -25,7 +25,9 @@ public:
     // from the calling thread with the number examined and the total after every symbol or
     // small batch of symbols (one symbol with one thread), so a dialog can update and process
     // its events there; a stop() from it (or from any thread) ends the run before the next
-    // batch, keeping the rows found so far.
+    // batch, keeping the rows found so far. With several threads the symbols already being
+    // tested when stop() comes are finished, and reported, first: the symbols examined are
+    // always the first examined() of the list. A run once stopped stays stopped.
     QVector<FilterRow> run(const QStringList &symbols,
                            const std::function<void(int examined, int total)> &progress = {});
     void stop() { mStopped = true; }

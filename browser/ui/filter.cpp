@@ -116,7 +116,8 @@ void Filter::buildControls()
     }
     layout->addLayout(form);
     if (volumeRange)
-        addPresets(mControls.value(QStringLiteral("Begin")), mControls.value(QStringLiteral("End")));
+        addPresets(mControls.value(QStringLiteral("Begin")),
+                   mControls.value(QStringLiteral("End")));
 
     mFind->setObjectName(objectName() + QStringLiteral("Find"));
     mApply->setText(mSpec->applyText);
@@ -230,7 +231,8 @@ QWidget *Filter::controlWidget(const FilterControl &control)
             for (int i = 0; i < list->count(); ++i)
                 list->item(i)->setCheckState(state(list->item(i)->checkState()));
         };
-        menu->addAction(tr("Check All"), this, [setAll] { setAll([](Qt::CheckState) { return Qt::Checked; }); });
+        menu->addAction(tr("Check All"), this,
+                        [setAll] { setAll([](Qt::CheckState) { return Qt::Checked; }); });
         menu->addAction(tr("Uncheck All"), this,
                         [setAll] { setAll([](Qt::CheckState) { return Qt::Unchecked; }); });
         // Spelled so on purpose; keep.
@@ -251,14 +253,12 @@ void Filter::addPresets(QWidget *begin, QWidget *end)
 {
     auto *group = new QGroupBox(tr("Capitalization Levels"), this);
     auto *row = new QHBoxLayout(group);
-    const auto presets = volumePresets();
-    for (const char *name : {"Micro:", "Minor:", "Major:", "Macro:"}) {
-        auto *button = new QPushButton(tr(name), group);
-        button->setObjectName(objectName() + QString::fromLatin1(name).chopped(1));
-        const QPair<double, double> range = presets.value(QString::fromLatin1(name).chopped(1));
-        connect(button, &QPushButton::clicked, this, [begin, end, range] {
-            qobject_cast<QDoubleSpinBox *>(begin)->setValue(range.first);
-            qobject_cast<QDoubleSpinBox *>(end)->setValue(range.second);
+    for (const VolumePreset &preset : volumePresets()) {
+        auto *button = new QPushButton(tr("%1:").arg(preset.name), group);
+        button->setObjectName(objectName() + preset.name);
+        connect(button, &QPushButton::clicked, this, [begin, end, preset] {
+            qobject_cast<QDoubleSpinBox *>(begin)->setValue(preset.begin);
+            qobject_cast<QDoubleSpinBox *>(end)->setValue(preset.end);
         });
         row->addWidget(button);
     }
@@ -287,7 +287,8 @@ FilterValues Filter::values() const
         }
         case FilterControl::Range: {
             const QList<QDoubleSpinBox *> spins = widget->findChildren<QDoubleSpinBox *>();
-            values.insert(control.key, QVariantList{spins.value(0)->value(), spins.value(1)->value()});
+            values.insert(control.key,
+                          QVariantList{spins.value(0)->value(), spins.value(1)->value()});
             break;
         }
         case FilterControl::Exchanges: {
@@ -296,7 +297,10 @@ FilterValues Filter::values() const
             for (int i = 0; i < list->count(); ++i)
                 if (list->item(i)->checkState() == Qt::Checked)
                     checked << list->item(i)->data(Qt::UserRole).toString();
-            values.insert(control.key, checked);
+            // Every box checked: every exchange, also those the list does not show.
+            values.insert(control.key, checked.size() == list->count()
+                                           ? QStringList{QStringLiteral("*")}
+                                           : checked);
             break;
         }
         }
@@ -348,8 +352,8 @@ void Filter::slotFind()
     StorageBrowser *target = browser();
     if (!target || mRunning)
         return;
-    QStringList symbols = mSpec->storedSymbols ? OrdaneData::Home::storedSymbols()
-                                               : target->stockList()->symbols();
+    QStringList symbols =
+        mSpec->storedSymbols ? OrdaneData::Home::storedSymbols() : target->stockList()->symbols();
     symbols.removeAll(QString());
     mResults->clear();
     mTotal = symbols.size();

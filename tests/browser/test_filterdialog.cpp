@@ -6,9 +6,11 @@
 #include "browser/ui/filterdialog.h"
 #include "browser/ui/stocklist.h"
 #include "browser/ui/storagebrowser.h"
+#include "data/home.h"
 #include "support/testsettings.h"
 
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
@@ -73,7 +75,8 @@ void TestFilterDialog::runStopAndApply()
 {
     StorageBrowser browser;
     browser.slotSetSymbols({QStringLiteral("AAPL"), QStringLiteral("ADS.DE"),
-                            QStringLiteral("MAN.DE"), QStringLiteral("MSFT"), QStringLiteral("UTX")});
+                            QStringLiteral("MAN.DE"), QStringLiteral("MSFT"),
+                            QStringLiteral("UTX")});
     browser.slotCreateFilter();
     auto *dialog = browser.findChild<FilterDialog *>();
     auto *rsi = qobject_cast<RSIFilter *>(dialog->container()->filter(3));
@@ -88,17 +91,30 @@ void TestFilterDialog::runStopAndApply()
     QCOMPARE(progress.constLast().at(0).toInt(), 0); // the end of a run
     QVERIFY(!dialog->stopButton()->isEnabled());
 
-    // Stopped from the first progress: one symbol examined, the rest left.
+    // Stopped from the first progress over a long list: the symbols after the first batches
+    // are left.
+    const QString storage = OrdaneData::Home::storagePath();
+    QStringList many;
+    for (int i = 0; i < 300; ++i) {
+        many << QStringLiteral("S%1").arg(i, 3, 10, QLatin1Char('0'));
+        QVERIFY(QFile::copy(storage + QStringLiteral("/AAPL.csv"),
+                            storage + QLatin1Char('/') + many.last() + QStringLiteral(".csv")));
+    }
+    browser.slotSetSymbols(many);
     connect(rsi, &Filter::progress, dialog->stopButton(), [dialog](int percent) {
         if (percent > 0)
             dialog->stopButton()->setChecked(true);
     });
     rsi->slotFind();
-    QVERIFY(rsi->found() < 5);
-    QCOMPARE(rsi->total(), 5);
+    QVERIFY2(rsi->found() < 300, qPrintable(rsi->resultLabel()->text()));
+    QCOMPARE(rsi->total(), 300);
+    QVERIFY(!dialog->stopButton()->isChecked());
 
     // The selected rows become the browser's list.
     rsi->disconnect(dialog->stopButton());
+    browser.slotSetSymbols({QStringLiteral("AAPL"), QStringLiteral("ADS.DE"),
+                            QStringLiteral("MAN.DE"), QStringLiteral("MSFT"),
+                            QStringLiteral("UTX")});
     rsi->slotFind();
     rsi->results()->topLevelItem(1)->setSelected(true);
     rsi->results()->topLevelItem(3)->setSelected(true);

@@ -59,6 +59,7 @@ private slots:
     void importAndVerify();
     void candidatesPrintsTheProbes_data();
     void candidatesPrintsTheProbes();
+    void filterPrintsThePassingSymbols();
 
 private:
     QTemporaryDir mDir;
@@ -199,6 +200,21 @@ void TestCli::exitStatus_data()
     row("render-missing-template",
         {S("render"), file, S("--out"), png, S("--template"), S("/nonexistent.tt")}, 1,
         "cannot open");
+    row("filter-without-name", {S("filter")}, 2,
+        "expected a filter NAME (one of: Fill, Trend, VolumeFilter, RSIFilter,");
+    row("filter-unknown", {S("filter"), S("Nope")}, 2, "unknown filter Nope (the filters: Fill,");
+    row("filter-unknown-key", {S("filter"), S("RSIFilter"), S("--set"), S("Perod=5")}, 2,
+        "RSIFilter has no control \"Perod\" (its controls: RSI Period, Time Frame, Level, Rule, "
+        "As of)");
+    row("filter-unknown-item", {S("filter"), S("Trend"), S("--set"), S("Trend type=Sideways")}, 2,
+        "\"Sideways\" is not an item of Trend type (its items: Up, Down)");
+    row("filter-frame-without-time-frame", {S("filter"), S("Trend"), S("--frame"), S("week")}, 2,
+        "Trend has no time frame");
+    row("filter-frame-not-offered", {S("filter"), S("ConsolidationFilter"), S("--frame"), S("day")},
+        2, "(its items: Week, Month, Quartal)");
+    row("filter-bad-as-of", {S("filter"), S("Price"), S("--as-of"), S("2012-13-01")}, 2,
+        "As of expects a date yyyy-MM-dd");
+    row("filter-bad-threads", {S("filter"), S("Price"), S("--threads"), S("-1")}, 2, "--threads");
 }
 
 void TestCli::exitStatus()
@@ -479,6 +495,11 @@ void TestCli::realProcess_data()
                           << S("symbol=^GSPC\nname=S&P 500\nexchange=SNP\n");
     QTest::newRow("missing-file") << QStringList{S("bars"), S("/nonexistent")} << 1
                                   << S("no such file");
+    // Parallel, reading the metadata store from the workers: nothing on the error stream.
+    QTest::newRow("filter") << QStringList{S("filter"), S("RSIFilter"), S("--threads"), S("3")} << 0
+                            << S("Symbol,RSI Value\nAAPL,79.191\n");
+    QTest::newRow("filter-metadata") << QStringList{S("filter"), S("PE"), S("--threads"), S("2")}
+                                     << 0 << S("Symbol,Current PE\nFound: 0 of 5\n");
 }
 
 void TestCli::realProcess()
@@ -661,6 +682,44 @@ void TestCli::candidatesPrintsTheProbes()
         QCOMPARE(r.out.count(QLatin1Char('\n')), 100);
     else
         QCOMPARE(r.out, out);
+}
+
+// filter runs over the stored symbols in name order (the store's own files are none), or the
+// named ones, and sees nothing after --as-of.
+void TestCli::filterPrintsThePassingSymbols()
+{
+    QTemporaryDir home;
+    const QString storage = home.filePath(QStringLiteral("Storage"));
+    QVERIFY(QDir().mkpath(storage));
+    const auto store = [&storage](const char *symbol, std::initializer_list<float> closes) {
+        QVector<QuoteBar> bars;
+        for (float c : closes)
+            bars << QuoteBar(QDate(2012, 3, 5).addDays(bars.size()), c, c, c, c, 100);
+        QVERIFY(OrdaneData::writeText(storage + QLatin1Char('/') + QLatin1String(symbol) +
+                                          QLatin1String(".csv"),
+                                      OrdaneData::seriesToText(bars)));
+    };
+    store("C", {8, 9, 30}); // 30 on Wednesday 7 March
+    store("B", {5});
+    store("A", {15.25f});
+    QVERIFY(OrdaneData::writeText(storage + QStringLiteral("/_own.csv"), QStringLiteral("x")));
+    const auto filter = [&](QStringList args) {
+        return runCli(QStringList{QStringLiteral("--home"), home.path(), QStringLiteral("filter"),
+                                  QStringLiteral("Price"), QStringLiteral("--set"),
+                                  QStringLiteral("Price Range=10..40")} +
+                      args);
+    };
+    const QString header = QStringLiteral("Symbol,Current Price\n");
+    for (const char *threads : {"1", "2"}) {
+        const Outcome o = filter({QStringLiteral("--threads"), QLatin1String(threads)});
+        QCOMPARE(o.status, 0);
+        QCOMPARE(o.out, header + QStringLiteral("A,15.250\nC,30.000\nFound: 2 of 3\n"));
+        QVERIFY(o.err.isEmpty());
+    }
+    Outcome o = filter({QStringLiteral("--as-of"), QStringLiteral("2012-03-06")});
+    QCOMPARE(o.out, header + QStringLiteral("A,15.250\nFound: 1 of 3\n"));
+    o = filter({QStringLiteral("C"), QStringLiteral("NOPE"), QStringLiteral("B")});
+    QCOMPARE(o.out, header + QStringLiteral("C,30.000\nFound: 1 of 3\n"));
 }
 
 QTEST_MAIN(TestCli)
