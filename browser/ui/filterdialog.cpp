@@ -108,6 +108,10 @@ FilterDialog::FilterDialog(QWidget *parent)
     noticeLabel->setObjectName(QStringLiteral("FilterDialogNotice"));
     noticeLabel->setTextFormat(Qt::RichText);
     noticeLabel->setWordWrap(true);
+    // The notice is written in white: it sits on a dark band of its own, readable whatever
+    // the style's colours.
+    noticeLabel->setStyleSheet(QStringLiteral(
+        "QLabel#FilterDialogNotice { background: #2e3440; border-radius: 4px; padding: 6px; }"));
     auto *hide = new QPushButton(tr("&Hide"), this);
     auto *close = new QPushButton(tr("&Close"), this);
     connect(hide, &QPushButton::clicked, this, &QWidget::hide);

@@ -204,6 +204,142 @@
     </message>
 </context>
 <context>
+    <name>OrdaneBrowser::Benchmarking</name>
+    <message>
+        <source>&lt;H2&gt;Compare with selected:&lt;/H2&gt;</source>
+        <translation>&lt;H2&gt;Mit der Auswahl vergleichen:&lt;/H2&gt;</translation>
+    </message>
+    <message>
+        <source>Benchmarking</source>
+        <translation>Benchmarking</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Börse</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::BrowserUpdater</name>
+    <message>
+        <source>&amp;Update</source>
+        <translation>A&amp;ktualisieren</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>%1 Updater</source>
+        <translation>%1-Aktualisierer</translation>
+    </message>
+    <message>
+        <source>Update All Data</source>
+        <translation>Alle Daten aktualisieren</translation>
+    </message>
+    <message>
+        <source>Update Visible Items Only</source>
+        <translation>Nur sichtbare Einträge aktualisieren</translation>
+    </message>
+    <message>
+        <source>The last run is still ending; try again in a moment.</source>
+        <translation>Der letzte Lauf endet noch; bitte gleich noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to update.</source>
+        <translation>Es gibt nichts zu aktualisieren.</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&lt;CENTER&gt;Updated %1 of %2&lt;BR&gt;Current: %3&lt;/CENTER&gt;</source>
+        <translation>&lt;CENTER&gt;%1 von %2 aktualisiert&lt;BR&gt;Aktuell: %3&lt;/CENTER&gt;</translation>
+    </message>
+    <message>
+        <source>Stopped after %1 of %2 symbols.</source>
+        <translation>Angehalten nach %1 von %2 Symbolen.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::Filter</name>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Volume Range</source>
+        <translation>Umsatzbereich</translation>
+    </message>
+    <message>
+        <source>newest day</source>
+        <translation>neuester Tag</translation>
+    </message>
+    <message>
+        <source>(unknown)</source>
+        <translation>(unbekannt)</translation>
+    </message>
+    <message>
+        <source>List Operations</source>
+        <translation>Listenfunktionen</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Alle ankreuzen</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Alle abwählen</translation>
+    </message>
+    <message>
+        <source>Inverte</source>
+        <translation>Umkehren</translation>
+    </message>
+    <message>
+        <source>Capitalization Levels</source>
+        <translation>Kapitalisierungsstufen</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Found: %1 of %2</source>
+        <translation>Gefunden: %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::FilterDialog</name>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source> Filter</source>
+        <translation> Filter</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneBrowser::IndexExpandDialog</name>
     <message>
         <source>Expand Index %1</source>
@@ -495,6 +631,77 @@
     <message>
         <source>%1 has no stored quotes.</source>
         <translation>%1 hat keine gespeicherten Kurse.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::Scanner</name>
+    <message>
+        <source>&amp;Scan</source>
+        <translation>&amp;Suchlauf</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>%1 Scanner</source>
+        <translation>%1-Scanner</translation>
+    </message>
+    <message>
+        <source>The index of the first candidate to try</source>
+        <translation>Die Nummer des ersten zu probierenden Kandidaten</translation>
+    </message>
+    <message>
+        <source>Appended to every candidate, such as the market&apos;s suffix</source>
+        <translation>An jeden Kandidaten angehängt, etwa die Endung des Marktes</translation>
+    </message>
+    <message>
+        <source>The characters candidates are made of; the last one is never used</source>
+        <translation>Die Zeichen, aus denen Kandidaten bestehen; das letzte wird nie benutzt</translation>
+    </message>
+    <message>
+        <source>The longest candidate, and the width &quot;Fill out:&quot; pads to</source>
+        <translation>Der längste Kandidat und die Breite, auf die „Fill out:“ auffüllt</translation>
+    </message>
+    <message>
+        <source>Pads shorter candidates on the left with its first character</source>
+        <translation>Füllt kürzere Kandidaten links mit seinem ersten Zeichen auf</translation>
+    </message>
+    <message>
+        <source>&amp;Start value:</source>
+        <translation>&amp;Startwert:</translation>
+    </message>
+    <message>
+        <source>Prefix:</source>
+        <translation>Präfix:</translation>
+    </message>
+    <message>
+        <source>Postfix:</source>
+        <translation>Postfix:</translation>
+    </message>
+    <message>
+        <source>Symbols:</source>
+        <translation>Symbole:</translation>
+    </message>
+    <message>
+        <source>Padding:</source>
+        <translation>Auffüllen:</translation>
+    </message>
+    <message>
+        <source>Fill out:</source>
+        <translation>Auffüllen bis:</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&lt;CENTER&gt;Scaned %1 of %2&lt;BR&gt;Found: %3&lt;BR&gt;Current: %4&lt;BR&gt;&lt;/CENTER&gt;</source>
+        <translation>&lt;CENTER&gt;%1 von %2 geprüft&lt;BR&gt;Gefunden: %3&lt;BR&gt;Aktuell: %4&lt;BR&gt;&lt;/CENTER&gt;</translation>
     </message>
 </context>
 <context>
@@ -797,6 +1004,30 @@
     <message>
         <source>All %1 files are sound.</source>
         <translation>Alle %1 Dateien sind in Ordnung.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Scanner</source>
+        <translation>Scanner</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Update All Data</source>
+        <translation>Alle Daten aktualisieren</translation>
+    </message>
+    <message>
+        <source>Update Visible Items Only</source>
+        <translation>Nur sichtbare Einträge aktualisieren</translation>
+    </message>
+    <message>
+        <source>Benchmarking</source>
+        <translation>Benchmarking</translation>
     </message>
 </context>
 <context>

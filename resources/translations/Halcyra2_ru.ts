@@ -204,6 +204,142 @@
     </message>
 </context>
 <context>
+    <name>OrdaneBrowser::Benchmarking</name>
+    <message>
+        <source>&lt;H2&gt;Compare with selected:&lt;/H2&gt;</source>
+        <translation>&lt;H2&gt;Сравнить с выбранным:&lt;/H2&gt;</translation>
+    </message>
+    <message>
+        <source>Benchmarking</source>
+        <translation>Сравнение</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Символ</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Название</translation>
+    </message>
+    <message>
+        <source>Stock exchange</source>
+        <translation>Биржа</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::BrowserUpdater</name>
+    <message>
+        <source>&amp;Update</source>
+        <translation>&amp;Обновить</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Скрыть</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Закрыть</translation>
+    </message>
+    <message>
+        <source>%1 Updater</source>
+        <translation>Обновление %1</translation>
+    </message>
+    <message>
+        <source>Update All Data</source>
+        <translation>Обновить все данные</translation>
+    </message>
+    <message>
+        <source>Update Visible Items Only</source>
+        <translation>Обновить только видимые</translation>
+    </message>
+    <message>
+        <source>The last run is still ending; try again in a moment.</source>
+        <translation>Предыдущий запуск ещё завершается; попробуйте через мгновение.</translation>
+    </message>
+    <message>
+        <source>There is nothing to update.</source>
+        <translation>Обновлять нечего.</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Стоп</translation>
+    </message>
+    <message>
+        <source>&lt;CENTER&gt;Updated %1 of %2&lt;BR&gt;Current: %3&lt;/CENTER&gt;</source>
+        <translation>&lt;CENTER&gt;Обновлено %1 из %2&lt;BR&gt;Текущий: %3&lt;/CENTER&gt;</translation>
+    </message>
+    <message>
+        <source>Stopped after %1 of %2 symbols.</source>
+        <translation>Остановлено после %1 из %2 символов.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::Filter</name>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Найти</translation>
+    </message>
+    <message>
+        <source>Volume Range</source>
+        <translation>Диапазон объёма</translation>
+    </message>
+    <message>
+        <source>newest day</source>
+        <translation>последний день</translation>
+    </message>
+    <message>
+        <source>(unknown)</source>
+        <translation>(неизвестно)</translation>
+    </message>
+    <message>
+        <source>List Operations</source>
+        <translation>Операции со списком</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Отметить все</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Снять все</translation>
+    </message>
+    <message>
+        <source>Inverte</source>
+        <translation>Инвертировать</translation>
+    </message>
+    <message>
+        <source>Capitalization Levels</source>
+        <translation>Уровни капитализации</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1:</translation>
+    </message>
+    <message>
+        <source>Found: %1 of %2</source>
+        <translation>Найдено: %1 из %2</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::FilterDialog</name>
+    <message>
+        <source>Stop</source>
+        <translation>Остановить</translation>
+    </message>
+    <message>
+        <source> Filter</source>
+        <translation> Фильтр</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Скрыть</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Закрыть</translation>
+    </message>
+</context>
+<context>
     <name>OrdaneBrowser::IndexExpandDialog</name>
     <message>
         <source>Expand Index %1</source>
@@ -495,6 +631,77 @@
     <message>
         <source>%1 has no stored quotes.</source>
         <translation>У %1 нет сохранённых котировок.</translation>
+    </message>
+</context>
+<context>
+    <name>OrdaneBrowser::Scanner</name>
+    <message>
+        <source>&amp;Scan</source>
+        <translation>&amp;Поиск</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Скрыть</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Закрыть</translation>
+    </message>
+    <message>
+        <source>%1 Scanner</source>
+        <translation>Сканер %1</translation>
+    </message>
+    <message>
+        <source>The index of the first candidate to try</source>
+        <translation>Номер первого проверяемого кандидата</translation>
+    </message>
+    <message>
+        <source>Appended to every candidate, such as the market&apos;s suffix</source>
+        <translation>Добавляется к каждому кандидату, например суффикс рынка</translation>
+    </message>
+    <message>
+        <source>The characters candidates are made of; the last one is never used</source>
+        <translation>Символы, из которых составляются кандидаты; последний не используется</translation>
+    </message>
+    <message>
+        <source>The longest candidate, and the width &quot;Fill out:&quot; pads to</source>
+        <translation>Самый длинный кандидат и ширина, до которой дополняет «Fill out:»</translation>
+    </message>
+    <message>
+        <source>Pads shorter candidates on the left with its first character</source>
+        <translation>Дополняет короткие кандидаты слева своим первым символом</translation>
+    </message>
+    <message>
+        <source>&amp;Start value:</source>
+        <translation>&amp;Начальное значение:</translation>
+    </message>
+    <message>
+        <source>Prefix:</source>
+        <translation>Префикс:</translation>
+    </message>
+    <message>
+        <source>Postfix:</source>
+        <translation>Постфикс:</translation>
+    </message>
+    <message>
+        <source>Symbols:</source>
+        <translation>Символы:</translation>
+    </message>
+    <message>
+        <source>Padding:</source>
+        <translation>Заполнитель:</translation>
+    </message>
+    <message>
+        <source>Fill out:</source>
+        <translation>Дополнить до:</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Стоп</translation>
+    </message>
+    <message>
+        <source>&lt;CENTER&gt;Scaned %1 of %2&lt;BR&gt;Found: %3&lt;BR&gt;Current: %4&lt;BR&gt;&lt;/CENTER&gt;</source>
+        <translation>&lt;CENTER&gt;Проверено %1 из %2&lt;BR&gt;Найдено: %3&lt;BR&gt;Текущий: %4&lt;BR&gt;&lt;/CENTER&gt;</translation>
     </message>
 </context>
 <context>
@@ -797,6 +1004,30 @@
     <message>
         <source>All %1 files are sound.</source>
         <translation>Все файлы (%1) в порядке.</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Фильтр</translation>
+    </message>
+    <message>
+        <source>Scanner</source>
+        <translation>Сканер</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Обновить</translation>
+    </message>
+    <message>
+        <source>Update All Data</source>
+        <translation>Обновить все данные</translation>
+    </message>
+    <message>
+        <source>Update Visible Items Only</source>
+        <translation>Обновить только видимые</translation>
+    </message>
+    <message>
+        <source>Benchmarking</source>
+        <translation>Сравнение</translation>
     </message>
 </context>
 <context>
