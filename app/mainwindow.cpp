@@ -150,6 +150,14 @@ MainWindow::MainWindow(QWidget *parent)
             [this](const QString &text) { statusBar()->showMessage(text, 8000); });
     connect(mBrowser, &OrdaneBrowser::StorageBrowser::chartItemSeletected, mViews,
             &OrdaneView::ViewsContainer::slotSetReader);
+    // While simulating no current price reaches the chart, and the chart shows daily bars, one
+    // more each simulated day.
+    connect(mBrowser, &OrdaneBrowser::StorageBrowser::simulatorOff, mViews,
+            &OrdaneView::ViewsContainer::slotEnablePriceUpdates);
+    connect(mBrowser, &OrdaneBrowser::StorageBrowser::simulatorOff, mViews, [this](bool off) {
+        if (!off)
+            mViews->slotSetDayFrameMode();
+    });
     connect(mViews, &OrdaneView::ViewsContainer::message, this,
             [this](const QString &text) { statusBar()->showMessage(text, 8000); });
     connect(this, &MainWindow::showFullScreen, this, [this](bool on) {

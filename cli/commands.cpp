@@ -17,6 +17,8 @@ int runImport(const QStringList &args, Context &context);
 int runVerify(const QStringList &args, Context &context);
 int runCandidates(const QStringList &args, Context &context);
 int runFilter(const QStringList &args, Context &context);
+int runCalibrate(const QStringList &args, Context &context);
+int runSimulate(const QStringList &args, Context &context);
 
 const std::vector<Command> &commands()
 {
@@ -112,6 +114,19 @@ const std::vector<Command> &commands()
          "Range=5..50\"); --frame sets its time frame and --as-of the last day it may see. "
          "--threads 0, the default, tests on every processor.",
          &runFilter},
+        {"calibrate", "[--periods FROM-TO] SYMBOL...",
+         "Search the parameters of the RSI trading rule over each stored SYMBOL (periods 2 to 99, "
+         "or FROM to TO) and write the table and its manifest into the home folder's "
+         "Calibrator folder; prints each table's absolute path, one per line, in the order "
+         "the symbols are named. A symbol that cannot be calibrated is named on the standard "
+         "error stream and makes the exit status 1.",
+         &runCalibrate},
+        {"simulate", "FILE --rsi P,L,H",
+         "Trade FILE by the RSI rule with period P, low level L and high level H and print the "
+         "trades as CSV (EntryDate,ExitDate,Entry,Exit,Percent, the percent of the exit price "
+         "as the calibration counts it), then a blank line and the totals "
+         "(Trades,Days,TotalProfit,DayProfit).",
+         &runSimulate},
     };
     return table;
 }

@@ -5,6 +5,7 @@
 #include "indicators/compute/house.h"
 #include "indicators/compute/oscillators.h"
 #include "indicators/compute/williams.h"
+#include "rsiindicator.h"
 
 #include <algorithm>
 
@@ -354,7 +355,9 @@ IndicatorLayer *createBuiltinIndicator(const QString &id, const OrdaneData::Read
     const IndicatorEntry *entry = findIndicator(id);
     if (!entry)
         return nullptr;
-    auto *layer = new BuiltinIndicator(*entry, view);
+    // The RSI carries its trading rule and the search of its parameters.
+    auto *layer = id == QLatin1String("RSI") ? new RsiIndicator(*entry, view)
+                                             : new BuiltinIndicator(*entry, view);
     layer->setReader(reader);
     return layer;
 }

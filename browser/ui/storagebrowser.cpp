@@ -139,7 +139,12 @@ StorageBrowser::StorageBrowser(const QString &storageFolder, QWidget *parent)
     connect(mList, &QWidget::customContextMenuRequested, this, &StorageBrowser::showContextMenu);
 }
 
-StorageBrowser::~StorageBrowser() = default;
+StorageBrowser::~StorageBrowser()
+{
+    // The limit is process-wide: a browser going away mid-simulation must not leave it set.
+    if (isSimulating())
+        OrdaneData::Reader::setHistoryLimit(-1);
+}
 
 void StorageBrowser::buildControls()
 {
@@ -271,6 +276,7 @@ void StorageBrowser::buildControls()
     layout->addWidget(mCount);
     layout->addLayout(buttons);
     layout->addWidget(noticeLabel);
+    buildSimulationControls(buttons, layout);
 }
 
 void StorageBrowser::setDataManager(OrdaneData::DataManager *manager)
@@ -832,6 +838,8 @@ void StorageBrowser::showContextMenu(const QPoint &pos)
     });
     QAction *update = menu.addAction(tr("&Update"), this, [this, item] { updateSelected(item); });
     update->setEnabled(!isFetching());
+    menu.addAction(tr("Send to &Calibrator"), this,
+                   [this, item] { sendToCalibrator(item->text(StockList::SymbolColumn)); });
     menu.exec(mList->viewport()->mapToGlobal(pos));
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "browser/simulation.h"
 #include "data/import/importer.h"
 #include "data/readerh.h"
 
 #include <QPointer>
 #include <QWidget>
 
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -13,6 +15,7 @@ class QProgressBar;
 class QPushButton;
 class QToolButton;
 class QTreeWidgetItem;
+class QVBoxLayout;
 
 namespace OrdaneData {
 class DataManager;
@@ -27,6 +30,8 @@ class FolderSource;
 class Scanner;
 class BrowserUpdater;
 class Benchmarking;
+class Calibrator;
+class Simulator;
 
 // The docked panel in which the user keeps the symbols to work with: the "Symbol/Name" field
 // with "&Add" (fetch the typed symbol) and "&Find", the list (a check box, the symbol, its
@@ -45,6 +50,10 @@ class Benchmarking;
 //
 // The list is kept in "lastknown.sym" of the home folder at quit and read back, without
 // fetching, at the next start; a first start fetches the default symbols.
+//
+// "Simulator" (checkable) trades the selected symbol day by day in the simulator panel under
+// the list, and "Calibrate" opens the calibrator (storagebrowsersimulation.cpp; the trading
+// rules are in docs/simulator.md and docs/calibrator.md).
 class StorageBrowser : public QWidget
 {
     Q_OBJECT
@@ -99,6 +108,13 @@ public:
 
     // The notice shown beneath the list, word for word.
     static QString notice();
+
+    // The simulator and the calibrator.
+    Simulator *simulator() const { return mSimulator; }
+    const Simulation &simulation() const { return mSimulation; }
+    bool isSimulating() const;
+    // The calibrator dialog once made (slotCreateCalibrator()), else nullptr.
+    Calibrator *calibrator() const { return mCalibrator; }
 
 public slots:
     // Fetches the symbol in the line edit.
@@ -168,6 +184,25 @@ public slots:
     void slotUpdaterBrowserItems();
     void slotBenchmarking();
 
+    // The simulator. On: the bar-history limit becomes 70, the panel is reset and shown, the
+    // selected symbol's chart is reloaded (showing its oldest 70 bars), the controls that fetch
+    // or change the list are disabled and simulatorOff(false) follows. Off: once the user
+    // confirms, the limit is lifted (-1), the panel hides, the chart is reloaded in full, the
+    // controls come back and simulatorOff(true) follows; cancelled, the simulation goes on.
+    void slotSimulation();
+    // One more day: the limit grows by one and the chart is reloaded, its newest bar being the
+    // simulated day; then the stop-loss and take-profit levels are checked. At the end of the
+    // stored days an open position is closed and the user told.
+    void slotNextDay();
+    void slotGoShort();
+    void slotGoLong();
+    void slotClosePosition();
+    // Spelled so in the interface; keep. 0 turns the level off.
+    void slotStopLos(int percent);
+    void slotTakeProfit(int percent);
+    // Opens the calibrator, made on first use and kept, with the checked rows added to it.
+    void slotCreateCalibrator();
+
 signals:
     // A fetch ended; after slotDone().
     void done(const QString &symbol);
@@ -182,6 +217,11 @@ signals:
     void pairSelected(OrdaneData::ReaderH reader);
     // A run over many symbols or files, or its end; also a short word for the status bar.
     void message(const QString &text);
+    // The simulator went on (false) or off (true): current prices must not reach the chart
+    // while simulating.
+    void simulatorOff(bool off);
+    // "Send to &Calibrator" in the list's context menu; reaches the calibrator's slotAddSymbol.
+    void addSymbolToCalibrator(const QString &symbol);
 
 private:
     void buildControls();
@@ -207,6 +247,14 @@ private:
                 const QString &filter);
     void startRun(const QString &text);
     void endRun();
+    // The simulator and the calibrator (storagebrowsersimulation.cpp).
+    void buildSimulationControls(QGridLayout *buttons, QVBoxLayout *layout);
+    void startSimulation();
+    bool stopSimulation();
+    bool reloadChart();
+    void setBrowsingEnabled(bool on);
+    Calibrator *ensureCalibrator();
+    void sendToCalibrator(const QString &symbol);
 
     QString mFolder;
     FolderSource *mSource;
@@ -229,6 +277,12 @@ private:
     Scanner *mScanner = nullptr;
     BrowserUpdater *mBrowserUpdater = nullptr;
     Benchmarking *mBenchmarking = nullptr;
+    // The simulator and the calibrator.
+    QPushButton *mSimulate = nullptr;
+    bool mSimulating = false;
+    Simulator *mSimulator = nullptr;
+    Simulation mSimulation;
+    Calibrator *mCalibrator = nullptr; // a child, made on first use
 };
 
 } // namespace OrdaneBrowser
