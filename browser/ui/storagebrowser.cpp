@@ -256,7 +256,7 @@ void StorageBrowser::buildControls()
     buttons->addWidget(load, 0, 1);
     buttons->addWidget(operations, 1, 0);
     buttons->addWidget(imports, 1, 1);
-    // The tools over many symbols, three to a row.
+    // The tools over many symbols, three to a row; the simulator's two close the second.
     auto *tools = new QGridLayout;
     tools->addWidget(filter, 0, 0);
     tools->addWidget(scanner, 0, 1);
@@ -276,7 +276,7 @@ void StorageBrowser::buildControls()
     layout->addWidget(mCount);
     layout->addLayout(buttons);
     layout->addWidget(noticeLabel);
-    buildSimulationControls(buttons, layout);
+    buildSimulationControls(tools, layout);
 }
 
 void StorageBrowser::setDataManager(OrdaneData::DataManager *manager)

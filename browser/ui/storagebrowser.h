@@ -248,7 +248,7 @@ private:
     void startRun(const QString &text);
     void endRun();
     // The simulator and the calibrator (storagebrowsersimulation.cpp).
-    void buildSimulationControls(QGridLayout *buttons, QVBoxLayout *layout);
+    void buildSimulationControls(QGridLayout *tools, QVBoxLayout *layout);
     void startSimulation();
     bool stopSimulation();
     bool reloadChart();

@@ -24,7 +24,7 @@ const char *const kBrowsingButtons[] = {"StorageBrowserSS", "StorageBrowserLS",
                                         "StorageBrowserListOperations", "StorageBrowserID"};
 } // namespace
 
-void StorageBrowser::buildSimulationControls(QGridLayout *buttons, QVBoxLayout *layout)
+void StorageBrowser::buildSimulationControls(QGridLayout *tools, QVBoxLayout *layout)
 {
     mSimulate = new QPushButton(tr("Simulator"), this);
     mSimulate->setObjectName(QStringLiteral("StorageBrowserSI"));
@@ -33,8 +33,8 @@ void StorageBrowser::buildSimulationControls(QGridLayout *buttons, QVBoxLayout *
     auto *calibrate = new QPushButton(tr("Calibrate"), this);
     calibrate->setObjectName(QStringLiteral("StorageBrowserC"));
     calibrate->setToolTip(tr("Search the parameters of an indicator's trading rule"));
-    buttons->addWidget(mSimulate, 2, 0);
-    buttons->addWidget(calibrate, 2, 1);
+    tools->addWidget(mSimulate, 1, 1);
+    tools->addWidget(calibrate, 1, 2);
 
     mSimulator = new Simulator(this);
     mSimulator->hide();
