@@ -9,6 +9,7 @@
 #include "view/chartrenderer.h"
 #include "view/chartsession.h"
 #include "view/charttemplate.h"
+#include "view/drawobjects/drawobjectslayer.h"
 #include "view/templatebinding.h"
 
 #include <QCommandLineParser>
@@ -191,6 +192,10 @@ int runRender(const QStringList &args, Context &context)
     session.setColors(OrdaneView::ViewColors::load());
     session.setLocale(QMWidgets::interfaceLocale());
     session.setReader(series);
+    // A stored symbol's chart comes with the figures drawn on it; a file named by its path
+    // has none.
+    if (!QFileInfo(parser.positionalArguments().constFirst()).isFile())
+        session.drawObjectsLayer()->setSymbol(QFileInfo(path).completeBaseName());
     if (templated) {
         // The frame and look; the indicators are those asked for above, the template's
         // known ones among them.

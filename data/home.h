@@ -13,6 +13,7 @@ namespace OrdaneData {
 //   UserIndicators/  script indicators, with the shipped examples (see installScripts)
 //   UserExperts/     expert scripts
 //   Calibrator/      calibration results (made by the first calibration that writes)
+//   Drawings/        figures drawn on charts, one file per symbol (made by the first figure)
 //   lastknown.sym    the browser's symbol list between runs
 //
 // It is chosen once per process: `--home DIR` (or `--home=DIR`) on the command line,

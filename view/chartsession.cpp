@@ -4,6 +4,7 @@
 #include "chartgeometry.h"
 #include "computedlayer.h"
 #include "data/reader.h"
+#include "drawobjects/drawobjectslayer.h"
 #include "indicatorsource.h"
 #include "pairlayer.h"
 
@@ -31,6 +32,8 @@ ChartSession::ChartSession(QObject *parent)
     mChart->setMasterLayer(mPrice);
     mPatterns = new CandlesPatternLayer(mChart);
     mChart->addLayer(mPatterns);
+    mDrawings = new DrawObjectsLayer(mChart);
+    mChart->addLayer(mDrawings);
 }
 
 ChartSession::~ChartSession() = default;
@@ -212,7 +215,10 @@ void ChartSession::install(ViewCanvas *canvas, ComputedLayer *indicator, bool ma
 {
     for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
         indicator->setParameter(it.key(), it.value());
-    canvas->addLayer(indicator);
+    if (canvas == mChart)
+        canvas->insertLayer(canvas->layers().indexOf(mDrawings), indicator);
+    else
+        canvas->addLayer(indicator);
     if (master)
         canvas->setMasterLayer(indicator);
     indicator->init();

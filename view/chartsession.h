@@ -14,6 +14,7 @@
 namespace OrdaneView {
 
 class CandlesPatternLayer;
+class DrawObjectsLayer;
 class PairLayer;
 class ChartGeometry;
 class ComputedLayer;
@@ -75,6 +76,9 @@ public:
     void setPair(const OrdaneData::ReaderH &pair);
     PairLayer *pairLayer() const { return mPair; }
     CandlesPatternLayer *patternLayer() const { return mPatterns; }
+    // The figures drawn on the chart, at the top of its stack: indicators installed in the
+    // chart go beneath it.
+    DrawObjectsLayer *drawObjectsLayer() const { return mDrawings; }
 
     // The colours of every canvas: a scheme, and optionally a background of its own (from a
     // template). With such a background, colours that would vanish on it are made readable:
@@ -127,6 +131,7 @@ private:
     Layer *mPrice = nullptr;
     CandlesPatternLayer *mPatterns = nullptr;
     PairLayer *mPair = nullptr;
+    DrawObjectsLayer *mDrawings = nullptr;
     ViewColors mScheme = ViewColors::fallback();
     QColor mBackground;
 };

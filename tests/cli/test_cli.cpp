@@ -46,6 +46,7 @@ private slots:
     void barsAggregatesAndLimits();
     void barsFindsStoredSymbolsInTheHome();
     void renderDrawsWithTheStoredColours();
+    void renderDrawsAStoredSymbolsFigures();
     void indicatorPrintsItsBuffers();
     void mathReadsTheStandardInput();
     void catalogueListsEveryIndicator();
@@ -294,6 +295,32 @@ void TestCli::renderDrawsWithTheStoredColours()
     QCOMPARE(r.status, 0);
     QCOMPARE(QImage(png).size(), QSize(1200, 800));
     settings.clear();
+}
+
+void TestCli::renderDrawsAStoredSymbolsFigures()
+{
+    QDir drawings(mDir.filePath(QStringLiteral("home/Drawings")));
+    QVERIFY(QDir().mkpath(drawings.path()));
+    QVERIFY(OrdaneData::writeText(
+        drawings.filePath(QStringLiteral("MSFT.json")),
+        QStringLiteral("{\"version\": 1, \"figures\": [{\"type\": \"rect\", \"color\": "
+                       "\"#ff00ff\", \"width\": 3, \"style\": \"solid\", \"anchors\": "
+                       "[{\"date\": \"2012-07-02\", \"price\": 27}, "
+                       "{\"date\": \"2012-09-04\", \"price\": 30}]}]}")));
+    const auto figurePixels = [this](const QString &file) {
+        const QString png = mDir.filePath(QStringLiteral("figures.png"));
+        const Outcome r = runCli({QStringLiteral("render"), file, QStringLiteral("--out"), png});
+        const QImage image(png);
+        int n = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                n += QColor(image.pixel(x, y)) == QColor(255, 0, 255);
+        return r.status == 0 ? n : -1;
+    };
+    QVERIFY(figurePixels(QStringLiteral("MSFT")) > 100);
+    // The same quotes named by their path come without figures.
+    QCOMPARE(figurePixels(mDir.filePath(QStringLiteral("home/Storage/MSFT.csv"))), 0);
+    QVERIFY(drawings.removeRecursively());
 }
 
 void TestCli::indicatorPrintsItsBuffers()

@@ -671,6 +671,16 @@ int main(int argc, char **argv)
              p.setPen(QPen(kTeal, 1.6, Qt::SolidLine, Qt::RoundCap));
              p.drawPolyline(QPolygonF({QPointF(2, 13), QPointF(10, 9), QPointF(18, 6)}));
          }},
+        {"draw",
+         [](QPainter &p) {
+             // A drawn line with its two anchors marked.
+             p.setPen(QPen(kAmber, 1.6, Qt::SolidLine, Qt::RoundCap));
+             p.drawLine(QPointF(4, 15), QPointF(16, 5));
+             p.setPen(Qt::NoPen);
+             p.setBrush(kText);
+             p.drawRect(QRectF(2, 13, 4, 4));
+             p.drawRect(QRectF(14, 3, 4, 4));
+         }},
         {"picture",
          [](QPainter &p) {
              p.setPen(QPen(kText, 1.4));

@@ -1,9 +1,12 @@
 #include "chartview.h"
 
 #include "data/reader.h"
+#include "drawingtool.h"
+#include "drawobjectsdialog.h"
 #include "view/candlespatternlayer.h"
 #include "view/chartsession.h"
 #include "view/computedlayer.h"
+#include "view/drawobjects/drawobjectslayer.h"
 #include "view/pairlayer.h"
 
 #include <QInputDialog>
@@ -13,6 +16,7 @@ namespace OrdaneView {
 
 ChartView::ChartView(ChartSession *session, QWidget *parent)
     : View(session, session->chart(), parent)
+    , mDrawing(new DrawingTool(this, session->drawObjectsLayer()))
 {
     setObjectName(QStringLiteral("ChartView"));
 }
@@ -111,7 +115,15 @@ void ChartView::addMenuEntries(QMenu &menu)
             session()->setPair({});
             update();
         });
+    menu.addAction(tr("Draw Objects..."), this, &ChartView::slotDrawObjects)
+        ->setEnabled(!session()->drawObjectsLayer()->objects().isEmpty());
     View::addMenuEntries(menu);
+}
+
+void ChartView::slotDrawObjects()
+{
+    DrawObjectsDialog dialog(session()->drawObjectsLayer(), this);
+    dialog.exec();
 }
 
 void ChartView::slotReaderDataChanged()

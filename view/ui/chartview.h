@@ -7,6 +7,7 @@
 namespace OrdaneView {
 
 class CandlesPatternLayer;
+class DrawingTool;
 
 // The price chart of a session: its price layer (candles, bars, line or empty) as the master
 // layer, the candle-pattern marks over it (hidden until the user activates them), and any
@@ -21,6 +22,8 @@ public:
     ChartType chartType() const;
     Layer *priceLayer() const;
     CandlesPatternLayer *patternLayer() const;
+    // Draws and edits the figures of the session's drawing layer with the mouse and keys.
+    DrawingTool *drawingTool() const { return mDrawing; }
 
 signals:
     void dataChanged();
@@ -39,12 +42,16 @@ public slots:
     void slotShowCandlePatterns(bool on);
     // The chart's colours, or the parameters of an indicator drawn over the prices.
     void slotProperties() override;
+    // Lists the chart's figures in a DrawObjectsDialog.
+    void slotDrawObjects();
 
 protected:
     void addMenuEntries(QMenu &menu) override;
 
 private:
     void setChartType(ChartType type);
+
+    DrawingTool *mDrawing;
 };
 
 } // namespace OrdaneView

@@ -103,6 +103,17 @@ ViewOperationsPanel::ViewOperationsPanel(QWidget *parent)
     connect(mCpr, &QToolButton::toggled, this, &ViewOperationsPanel::cpr);
     separator();
 
+    mDraw = addButton(QStringLiteral("Draw"), QString(), tr("Draw on the chart"), "draw", true);
+    mDraw->setPopupMode(QToolButton::InstantPopup);
+    auto *figures = new QMenu(mDraw);
+    for (int i = 0; i < DrawObject::kTypeCount; ++i) {
+        const auto type = DrawObject::Type(i);
+        figures->addAction(DrawObject::displayName(type), this,
+                           [this, type] { emit drawModeClicked(type); });
+    }
+    mDraw->setMenu(figures);
+    separator();
+
     connect(addButton(QStringLiteral("Picture"), QString(), tr("Save the chart as a picture"),
                       "picture"),
             &QToolButton::clicked, this, &ViewOperationsPanel::takePicture);
@@ -164,6 +175,11 @@ void ViewOperationsPanel::showCpr(bool on)
 void ViewOperationsPanel::setCprAvailable(bool available)
 {
     mCpr->setEnabled(available);
+}
+
+void ViewOperationsPanel::showDrawMode(bool on)
+{
+    mDraw->setChecked(on);
 }
 
 void ViewOperationsPanel::showSeparatorMode(SeparatorMode mode)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "view/chartlayer.h"
+#include "view/drawobjects/drawobject.h"
 #include "view/viewcanvas.h"
 
 #include <QWidget>
@@ -28,6 +29,8 @@ public:
     void showCpr(bool on);
     // The current-price button can be used only while price updates are enabled.
     void setCprAvailable(bool available);
+    // The drawing button shows whether the chart is in drawing mode.
+    void showDrawMode(bool on);
 
 signals:
     void zoomOut();
@@ -52,6 +55,8 @@ signals:
     void saveCsv();
     // The current-price button was switched on or off.
     void cpr(bool on);
+    // A kind of figure was chosen from the drawing button's menu.
+    void drawModeClicked(OrdaneView::DrawObject::Type type);
 
 private:
     QToolButton *addButton(const QString &name, const QString &text, const QString &tip,
@@ -63,6 +68,7 @@ private:
     QToolButton *mPointer;
     QAction *mSeparator[5];
     QToolButton *mCpr;
+    QToolButton *mDraw;
 };
 
 } // namespace OrdaneView

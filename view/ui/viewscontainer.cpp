@@ -7,6 +7,7 @@
 #include "data/net/dataupdater.h"
 #include "data/reader.h"
 #include "datetimeview.h"
+#include "drawingtool.h"
 #include "indicatoreditor.h"
 #include "indicatorview.h"
 #include "miniview.h"
@@ -101,6 +102,9 @@ ViewsContainer::ViewsContainer(QWidget *parent)
     connect(mPanel, &ViewOperationsPanel::takePicture, this, &ViewsContainer::slotTakePicture);
     connect(mPanel, &ViewOperationsPanel::saveCsv, this, &ViewsContainer::slotSaveCsv);
     connect(mPanel, &ViewOperationsPanel::cpr, this, &ViewsContainer::slotCpr);
+    connect(mPanel, &ViewOperationsPanel::drawModeClicked, this, &ViewsContainer::slotDraw);
+    connect(mChart->drawingTool(), &DrawingTool::drawModeChanged, mPanel,
+            &ViewOperationsPanel::showDrawMode);
 
     mPriceTimer->setInterval(60000);
     connect(mPriceTimer, &QTimer::timeout, this, &ViewsContainer::slotUpdateCurrentPrice);
@@ -718,6 +722,12 @@ void ViewsContainer::slotTakePicture()
 void ViewsContainer::slotSaveCsv()
 {
     ChartExport(this).askAndSaveCsv(reader());
+}
+
+void ViewsContainer::slotDraw(DrawObject::Type type)
+{
+    mChart->drawingTool()->setDrawMode(type);
+    mChart->setFocus();
 }
 
 void ViewsContainer::showViewSettings()

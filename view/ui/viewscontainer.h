@@ -2,6 +2,7 @@
 
 #include "data/readerh.h"
 #include "view/charttemplate.h"
+#include "view/drawobjects/drawobject.h"
 #include "view/patterns/candlepattern.h"
 #include "view/viewcanvas.h"
 
@@ -154,6 +155,8 @@ public slots:
     // folder.
     void slotLoadTemplate();
     void slotSaveTemplate();
+    // Puts the chart into drawing mode for figures of `type` (Escape on the chart leaves it).
+    void slotDraw(OrdaneView::DrawObject::Type type);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
